@@ -1,0 +1,30 @@
+#pragma once
+// Run-time errors carry the runtime's error numbers, so handlers can tell them
+// apart the way the program's routines do (53 file not found, 70 permission
+// denied, 58 file already exists, ...).
+#include <stdexcept>
+#include <string>
+
+namespace vb {
+
+class RuntimeError : public std::runtime_error {
+public:
+    RuntimeError(int number, const std::string& description)
+        : std::runtime_error(description), Number(number) {}
+    int Number;
+    std::string Description() const { return what(); }
+};
+
+// Standard descriptions for the numbers the program meets.
+std::string ErrorDescription(int number);
+[[noreturn]] void Raise(int number);
+
+enum ErrNo {
+    errIllegalCall = 5, errOverflow = 6, errSubscript = 9, errTypeMismatch = 13,
+    errBadFileName = 52, errFileNotFound = 53, errBadFileMode = 54, errFileAlreadyOpen = 55,
+    errDeviceIO = 57, errFileExists = 58, errBadRecordLength = 59, errDiskFull = 61,
+    errInputPastEnd = 62, errBadRecordNumber = 63, errTooManyFiles = 67, errPermissionDenied = 70,
+    errRenameAcrossDrives = 74, errPathFileAccess = 75, errPathNotFound = 76,
+};
+
+}  // namespace vb

@@ -1,0 +1,312 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sstream>
+
+#include "platform/vb/Error.h"
+#include "platform/vb/Files.h"
+
+using namespace vb;
+namespace fs = std::filesystem;
+
+namespace {
+
+class Files : public ::testing::Test {
+protected:
+    void SetUp() override {
+        static std::atomic<int> counter{0};
+        dir_ = fs::temp_directory_path() /
+               ("vestrel-vb-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+
+    std::string P(const std::string& name) const { return (dir_ / name).string(); }
+
+    void Spit(const std::string& name, const std::string& bytes) const {
+        std::ofstream(P(name), std::ios::binary) << bytes;
+    }
+    std::string Slurp(const std::string& name) const {
+        std::ifstream in(P(name), std::ios::binary);
+        std::ostringstream s;
+        s << in.rdbuf();
+        return s.str();
+    }
+    std::size_t Entries() const {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
+    }
+
+    fs::path dir_;
+};
+
+int ErrorOf(const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const RuntimeError& e) {
+        return e.Number;
+    }
+    return 0;
+}
+
+}  // namespace
+
+TEST_F(Files, InputReadsFieldsTheWayTheRuntimeDoes) {
+    Spit("a.inf",
+         "Crusade, Part two\r\n"
+         "  \"Smith, John\" ignored,next\r\n"
+         " 42 \r\n"
+         "\r\n"
+         "\tTrue\r\n"
+         "-7 \n"
+         "False\n"
+         "3.75,x\n"
+         "11/22/2026 3:04:05 PM\n"
+         "\"unclosed\n"
+         "tail\r\n");
+    TextReader r(P("a.inf"));
+    EXPECT_EQ(r.InputString(), "Crusade");
+    EXPECT_EQ(r.InputString(), "Part two");
+    EXPECT_EQ(r.InputString(), "Smith, John");
+    EXPECT_EQ(r.InputString(), "next");
+    EXPECT_EQ(r.InputLong(), 42);
+    EXPECT_EQ(r.InputString(), "");
+    EXPECT_TRUE(r.InputBool());
+    EXPECT_FALSE(r.Eof());
+    EXPECT_EQ(r.InputLong(), -7);
+    EXPECT_FALSE(r.InputBool());
+    EXPECT_EQ(r.InputLong(), 4);   // 3.75 rounds as an assignment to a whole number does
+    EXPECT_EQ(r.InputString(), "x");
+    // A date is no boolean; the field is used up all the same.
+    EXPECT_EQ(ErrorOf([&] { r.InputBool(); }), errTypeMismatch);
+    EXPECT_EQ(r.InputString(), "unclosed\ntail\r\n");
+    EXPECT_TRUE(r.Eof());
+    EXPECT_EQ(ErrorOf([&] { r.InputString(); }), errInputPastEnd);
+    EXPECT_EQ(ErrorOf([&] { r.InputLong(); }), errInputPastEnd);
+}
+
+TEST_F(Files, EofAndAFileCutShort) {
+    Spit("cut.txt", "a\r\nb");
+    TextReader r(P("cut.txt"));
+    EXPECT_EQ(r.InputString(), "a");
+    EXPECT_FALSE(r.Eof());
+    EXPECT_EQ(r.InputString(), "b");
+    EXPECT_TRUE(r.Eof());
+    EXPECT_EQ(ErrorOf([&] { r.InputString(); }), errInputPastEnd);
+    r.Close();
+
+    // Only a final line end left counts as the end; an empty line before it does not.
+    Spit("blank.txt", "a\n\n\r\n");
+    r.Open(P("blank.txt"));
+    EXPECT_EQ(r.LineInput(), "a");
+    EXPECT_FALSE(r.Eof());
+    EXPECT_EQ(r.LineInput(), "");
+    EXPECT_TRUE(r.Eof());
+    EXPECT_EQ(ErrorOf([&] { r.LineInput(); }), errInputPastEnd);
+    r.Close();
+
+    Spit("empty.txt", "");
+    r.Open(P("empty.txt"));
+    EXPECT_TRUE(r.Eof());
+    r.Close();
+
+    EXPECT_EQ(ErrorOf([&] { r.Open(P("missing.txt")); }), errFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { r.Open(P("nofolder/x.txt")); }), errPathNotFound);
+    EXPECT_EQ(ErrorOf([&] { r.Open(dir_.string()); }), errPathFileAccess);
+}
+
+TEST_F(Files, PrintWritesExactBytes) {
+    TextWriter w;
+    w.Open(P("out.txt"));
+    w.PrintLine("Crusade");
+    w.PrintLine(5);
+    w.PrintLine(-5);
+    w.PrintLine(0L);
+    w.PrintLine(true);
+    w.PrintLine(false);
+    w.PrintLine();
+    w.Write("a");
+    w.Write("b");
+    w.PrintLine("\xE9");
+    w.Close();
+    EXPECT_EQ(Slurp("out.txt"), "Crusade\r\n 5 \r\n-5 \r\n 0 \r\nTrue\r\nFalse\r\n\r\nab\xE9\r\n");
+
+    w.Open(P("out.txt"), TextWriter::Mode::Append);
+    w.PrintLine("more");
+    w.Close();
+    EXPECT_EQ(Slurp("out.txt"), "Crusade\r\n 5 \r\n-5 \r\n 0 \r\nTrue\r\nFalse\r\n\r\nab\xE9\r\nmore\r\n");
+
+    // Output starts the file afresh; what was written reads back through Input #.
+    w.Open(P("out.txt"));
+    w.PrintLine("Name, with comma");
+    w.PrintLine(12);
+    w.PrintLine(true);
+    w.Close();
+    TextReader r(P("out.txt"));
+    EXPECT_EQ(r.InputString(), "Name");
+    EXPECT_EQ(r.InputString(), "with comma");
+    EXPECT_EQ(r.InputLong(), 12);
+    EXPECT_TRUE(r.InputBool());
+    EXPECT_TRUE(r.Eof());
+
+    EXPECT_EQ(ErrorOf([&] { w.Open(P("nofolder/x.txt")); }), errPathNotFound);
+    EXPECT_FALSE(w.IsOpen());
+}
+
+TEST_F(Files, AtomicWriterReplacesWholeOrNotAtAll) {
+    Spit("c.inf", "old\r\n");
+    {
+        TextWriter w;
+        w.Open(P("c.inf"), TextWriter::Mode::Output, true);
+        w.PrintLine("new");
+        EXPECT_EQ(Slurp("c.inf"), "old\r\n");
+        w.Abandon();
+    }
+    EXPECT_EQ(Slurp("c.inf"), "old\r\n");
+    EXPECT_EQ(Entries(), 1u);
+
+    {
+        TextWriter w;
+        w.Open(P("c.inf"), TextWriter::Mode::Append, true);
+        w.PrintLine("appended");
+    }   // committed by the destructor
+    EXPECT_EQ(Slurp("c.inf"), "old\r\nappended\r\n");
+    EXPECT_EQ(Entries(), 1u);
+
+    // When the rename cannot happen Close throws, the temporary file goes and the target stays.
+    TextWriter w;
+    w.Open(P("d.inf"), TextWriter::Mode::Output, true);
+    w.PrintLine("x");
+    fs::create_directory(dir_ / "d.inf");
+    Spit("d.inf/keep", "k");
+    EXPECT_NE(ErrorOf([&] { w.Close(); }), 0);
+    EXPECT_FALSE(w.IsOpen());
+    EXPECT_TRUE(fs::is_directory(dir_ / "d.inf"));
+    EXPECT_EQ(Entries(), 2u);
+}
+
+TEST_F(Files, DiskFullIsError61) {
+    if (!fs::exists("/dev/full")) GTEST_SKIP();
+    TextWriter w;
+    w.Open("/dev/full");
+    w.PrintLine("x");
+    EXPECT_EQ(ErrorOf([&] { w.Close(); }), errDiskFull);
+}
+
+TEST_F(Files, RandomRecords) {
+    RandomFile f;
+    f.Open(P("r.dta"), 10);
+    EXPECT_TRUE(FileExists(P("r.dta")));
+    EXPECT_EQ(f.LOF(), 0);
+    f.Put(1, "0123456789");
+    f.Put(3, "abcdefghij");
+    EXPECT_EQ(f.LOF(), 30);
+    EXPECT_EQ(f.RecordCount(), 3);
+    char buf[10];
+    ASSERT_TRUE(f.Get(3, buf));
+    EXPECT_EQ(std::string(buf, 10), "abcdefghij");
+    ASSERT_TRUE(f.Get(2, buf));   // the gap reads as zeros
+    EXPECT_EQ(std::string(buf, 10), std::string(10, '\0'));
+    std::fill(buf, buf + 10, 'x');
+    EXPECT_FALSE(f.Get(4, buf));
+    EXPECT_EQ(std::string(buf, 10), std::string(10, '\0'));
+    EXPECT_EQ(ErrorOf([&] { f.Get(0, buf); }), errBadRecordNumber);
+    EXPECT_EQ(ErrorOf([&] { f.Put(0, buf); }), errBadRecordNumber);
+    f.Close();
+    EXPECT_EQ(Slurp("r.dta").substr(0, 10), "0123456789");
+
+    // A length that is no multiple of the record: the count rounds down and the tail stays.
+    Spit("t.dta", std::string(20, 'r') + "tail");
+    f.Open(P("t.dta"), 10);
+    EXPECT_EQ(f.RecordCount(), 2);
+    EXPECT_FALSE(f.Get(3, buf));
+    EXPECT_EQ(std::string(buf, 10), std::string("tail") + std::string(6, '\0'));
+    f.Put(1, "NNNNNNNNNN");
+    f.Close();
+    EXPECT_EQ(Slurp("t.dta"), std::string(10, 'N') + std::string(10, 'r') + "tail");
+
+    EXPECT_EQ(ErrorOf([&] { f.Open(P("x.dta"), 0); }), errBadRecordLength);
+    EXPECT_EQ(ErrorOf([&] { f.Open(P("nofolder/x.dta"), 10); }), errPathNotFound);
+}
+
+TEST_F(Files, LockHeldByAnotherOpenIsRefused) {
+    RandomFile a, b;
+    a.Open(P("l.dta"), 4);
+    b.Open(P("l.dta"), 4);
+    a.Lock();
+    a.Lock();   // again by the holder: fine
+    EXPECT_EQ(ErrorOf([&] { b.Lock(); }), errPermissionDenied);
+    a.Unlock();
+    EXPECT_NO_THROW(b.Lock());
+    b.Close();   // closing lets the lock go
+    EXPECT_NO_THROW(a.Lock());
+}
+
+TEST_F(Files, DirMatchesWildcardsWithoutCase) {
+    for (const char* n : {"A.DTA", "b.dta", "c.inf", "noext", ".hidden.dta", "ab.dta.bak"}) Spit(n, "x");
+    fs::create_directory(dir_ / "folder.dta");
+    EXPECT_EQ(Dir(P("*.dta")), (std::vector<std::string>{P("A.DTA"), P("b.dta")}));
+    EXPECT_EQ(Dir(P("?.DtA")), (std::vector<std::string>{P("A.DTA"), P("b.dta")}));
+    EXPECT_EQ(Dir(P("a*")), (std::vector<std::string>{P("A.DTA"), P("ab.dta.bak")}));
+    EXPECT_EQ(Dir(P("B.Dta")), (std::vector<std::string>{P("b.dta")}));
+    EXPECT_EQ(Dir(P("*.*")).size(), 5u);
+    EXPECT_EQ(Dir(P("noext.*")), (std::vector<std::string>{P("noext")}));
+    EXPECT_TRUE(Dir(P("*.zps")).empty());
+    EXPECT_TRUE(Dir(P("nofolder/*")).empty());
+}
+
+TEST_F(Files, FileStatements) {
+    Spit("a.txt", "hello");
+    Spit("b.txt", "other");
+    EXPECT_EQ(FileLen(P("a.txt")), 5);
+    EXPECT_EQ(ErrorOf([&] { FileLen(P("zz")); }), errFileNotFound);
+
+    EXPECT_EQ(ErrorOf([&] { Name(P("a.txt"), P("b.txt")); }), errFileExists);
+    EXPECT_EQ(ErrorOf([&] { Name(P("zz"), P("c.txt")); }), errFileNotFound);
+    Name(P("a.txt"), P("c.txt"));
+    EXPECT_FALSE(FileExists(P("a.txt")));
+    EXPECT_EQ(Slurp("c.txt"), "hello");
+
+    FileCopy(P("c.txt"), P("b.txt"));   // over an existing file
+    EXPECT_EQ(Slurp("b.txt"), "hello");
+    EXPECT_NE(ErrorOf([&] { FileCopy(P("c.txt"), P("c.txt")); }), 0);
+    EXPECT_EQ(Slurp("c.txt"), "hello");
+    EXPECT_EQ(ErrorOf([&] { FileCopy(P("zz"), P("y.txt")); }), errFileNotFound);
+
+    Kill(P("*.TXT"));
+    EXPECT_FALSE(FileExists(P("b.txt")));
+    EXPECT_EQ(ErrorOf([&] { Kill(P("*.txt")); }), errFileNotFound);
+
+    MkDir(P("sub"));
+    EXPECT_TRUE(DirExists(P("sub")));
+    EXPECT_FALSE(FileExists(P("sub")));
+    EXPECT_EQ(ErrorOf([&] { MkDir(P("sub")); }), errPathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { MkDir(P("no/sub")); }), errPathNotFound);
+    Spit("sub/f", "");
+    EXPECT_EQ(ErrorOf([&] { RmDir(P("sub")); }), errPathFileAccess);
+    Kill(P("sub/f"));
+    RmDir(P("sub"));
+    EXPECT_EQ(ErrorOf([&] { RmDir(P("sub")); }), errPathNotFound);
+
+    const std::string here = CurDir();
+    ChDir(dir_.string());
+    EXPECT_EQ(fs::path(CurDir()), fs::canonical(dir_));
+    EXPECT_EQ(ErrorOf([&] { ChDir(P("none")); }), errPathNotFound);
+    ChDir(here);
+}
+
+TEST(Paths, SplitAndJoin) {
+    EXPECT_EQ(FolderOf("/a/b/c.dta"), "/a/b");
+    EXPECT_EQ(FolderOf("/c.dta"), "/");
+    EXPECT_EQ(FolderOf("c.dta"), "");
+    EXPECT_EQ(FileNameOf("/a/b/c.dta"), "c.dta");
+    EXPECT_EQ(FileNameOf("c.dta"), "c.dta");
+    EXPECT_EQ(JoinPath("/a", "c"), "/a/c");
+    EXPECT_EQ(JoinPath("/a/", "c"), "/a/c");
+    EXPECT_EQ(JoinPath("", "c"), "c");
+    EXPECT_EQ(JoinPath(FolderOf("/c.dta"), "d"), "/d");
+}
