@@ -1,0 +1,154 @@
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+#include "platform/forms/Form.h"
+#include "support/ScriptedHost.h"
+
+using namespace forms;
+
+namespace {
+struct TestForm : Form {
+    explicit TestForm(host::Host& h) : Form(h, "TestForm") {}
+    TextBox A{*this, "A"};
+    TextBox B{*this, "B"};
+    CommandButton Go{*this, "Go", "&Go"};
+    Label Caption{*this, "Caption", "text"};
+    Frame Box{*this, "Box", "Options"};
+    OptionButton One{*this, "One", "One"};
+    OptionButton Two{*this, "Two", "Two"};
+    ControlArray<CheckBox> Dec{*this, "Dec", 2, std::string()};
+    std::vector<std::string> log;
+    bool previewSwallowsF2 = false;
+    void Form_KeyDown(int& code, int) override {
+        log.push_back("Form_KeyDown " + std::to_string(code));
+        if (previewSwallowsF2 && code == vbKeyF2) code = 0;
+    }
+    void Form_Activate() override { log.push_back("Activate"); }
+    void Form_Deactivate() override { log.push_back("Deactivate"); }
+};
+}  // namespace
+
+TEST(FormModel, FocusMovesFireLostThenGotAndALostFocusRedirectWins) {
+    ScriptedHost host;
+    TestForm f(host);
+    for (Control* c : {static_cast<Control*>(&f.A), static_cast<Control*>(&f.B), static_cast<Control*>(&f.Go)}) {
+        std::string n = c->Name();
+        c->GotFocus = [&f, n] { f.log.push_back("Got " + n); };
+        c->LostFocus = [&f, n] { f.log.push_back("Lost " + n); };
+    }
+    f.A.SetFocus();
+    f.B.SetFocus();
+    f.B.SetFocus();   // no events for the control that has it
+    EXPECT_EQ((std::vector<std::string>{"Got A", "Lost A", "Got B"}), f.log);
+
+    // A rule in LostFocus that sends the focus elsewhere: that move wins.
+    f.log.clear();
+    f.B.LostFocus = [&f] { f.log.push_back("Lost B"); f.A.SetFocus(); };
+    f.Go.SetFocus();
+    EXPECT_EQ((std::vector<std::string>{"Lost B", "Got A"}), f.log);
+    EXPECT_EQ(&f.A, f.ActiveControl());
+
+    // Hidden or disabled controls, and labels, never take the focus.
+    f.B.SetVisible(false);
+    f.B.SetFocus();
+    f.Caption.SetFocus();
+    EXPECT_EQ(&f.A, f.ActiveControl());
+    // Tab skips them too.
+    f.PressKey(vbKeyTab);
+    EXPECT_EQ(&f.Go, f.ActiveControl());
+}
+
+TEST(FormModel, KeysReachPreviewThenControlAndAZeroSwallowsThem) {
+    ScriptedHost host;
+    TestForm f(host);
+    f.KeyPreview = true;
+    int changes = 0;
+    f.A.Change = [&] { ++changes; };
+    f.A.KeyPress = [&](int& k) {
+        if (k == 'x') k = 0;                 // swallowed
+        if (k >= 'a' && k <= 'z') k -= 32;   // upper-cased on the way in
+    };
+    f.A.SetFocus();
+    f.TypeText("abx");
+    EXPECT_EQ("AB", f.A.Text());
+    EXPECT_EQ(2, changes);
+    EXPECT_EQ(2, f.A.SelStart());
+
+    f.previewSwallowsF2 = true;
+    bool controlSaw = false;
+    f.A.KeyDown = [&](int&, int) { controlSaw = true; };
+    f.PressKey(vbKeyF2);
+    EXPECT_FALSE(controlSaw);
+    f.PressKey(vbKeyBack, 0, vbKeyBack);
+    EXPECT_EQ("A", f.A.Text());
+    EXPECT_TRUE(controlSaw);
+}
+
+TEST(FormModel, PropertiesFireTheirEventsAsTheRuntimeDoes) {
+    ScriptedHost host;
+    TestForm f(host);
+    int changes = 0, clicks = 0, twoClicks = 0;
+    f.A.Change = [&] { ++changes; };
+    f.A.SetText("same");
+    f.A.SetText("same");
+    EXPECT_EQ(1, changes);   // no Change when nothing changed
+    EXPECT_EQ(0, f.A.SelStart());
+
+    f.One.SetContainer(&f.Box);
+    f.Two.SetContainer(&f.Box);
+    f.One.Click = [&] { ++clicks; };
+    f.Two.Click = [&] { ++twoClicks; };
+    f.One.UserClick();
+    f.Two.UserClick();
+    EXPECT_EQ(0, f.One.Value());
+    EXPECT_EQ(-1, f.Two.Value());
+    EXPECT_EQ(1, clicks);
+    EXPECT_EQ(1, twoClicks);
+
+    // Control arrays grow at run time, hidden, in the place of element 0, and pass their Index.
+    std::vector<int> clicked;
+    f.Dec.Click = [&](int i) { clicked.push_back(i); };
+    f.Dec[0].Move(100, 200, 300, 400);
+    CheckBox& third = f.Dec.Load(2);
+    EXPECT_FALSE(third.Visible());
+    EXPECT_EQ(200, third.Top());
+    third.SetValue(vbChecked);   // a value set from code fires Click
+    f.Dec[0].UserClick();
+    EXPECT_EQ((std::vector<int>{2, 0}), clicked);
+    EXPECT_EQ(2, f.Dec.UBound());
+    EXPECT_THROW(f.Dec[5], std::out_of_range);
+}
+
+TEST(FormModel, ActivateFiresOnlyBetweenTheProgramsOwnForms) {
+    ScriptedHost host;
+    TestForm main(host), other(host);
+    main.Show();
+    other.Show();
+    host.ExpectBox("hello");
+    host.MsgBox("hello", 0, "");
+    main.log.clear();
+    host.ActivateForm(&main);
+    host.ActivateForm(&main);
+    EXPECT_EQ((std::vector<std::string>{"Activate"}), main.log);
+    EXPECT_EQ((std::vector<std::string>{"Activate", "Deactivate"}), other.log);
+}
+
+TEST(ScriptedHost, AnUnexpectedBoxFailsTheTestWithItsText) {
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedHost host;
+            host.MsgBox("Surprise!", host::vbOKOnly, "");
+        },
+        "Surprise!");
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedHost host;
+            host.ExpectBox("Wanted");
+            host.Verify();
+        },
+        "Wanted");
+    ScriptedHost host;
+    host.ExpectBox("Sure?", host::vbYes, "Title", host::vbYesNo);
+    EXPECT_EQ(host::vbYes, host.MsgBox("Are you Sure?", host::vbYesNo, "Title"));
+    EXPECT_TRUE(host.AllMet());
+}

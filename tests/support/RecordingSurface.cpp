@@ -1,0 +1,179 @@
+#include "support/RecordingSurface.h"
+
+#include <algorithm>
+
+RecordingSurface::Op RecordingSurface::Make(OpKind kind) const {
+    Op op;
+    op.kind = kind;
+    op.doc = static_cast<int>(docPages_.size()) - (open_ ? 1 : 0);
+    op.page = page_;
+    op.font = font_;
+    return op;
+}
+
+// A document starts with the first call that puts something on paper.
+void RecordingSurface::Ink() {
+    if (!open_) {
+        open_ = true;
+        docPages_.push_back(1);
+    }
+    docPages_.back() = page_;
+}
+
+// The pen and the page counter start over for the next document; the font stays.
+void RecordingSurface::Close() {
+    open_ = false;
+    page_ = 1;
+    x_ = y_ = 0;
+    docStart_ = ops.size();
+}
+
+void RecordingSurface::SetCurrentX(float x) {
+    x_ = x;
+    Op op = Make(OpKind::Move);
+    op.x = x_;
+    op.y = y_;
+    ops.push_back(op);
+}
+
+void RecordingSurface::SetCurrentY(float y) {
+    y_ = y;
+    Op op = Make(OpKind::Move);
+    op.x = x_;
+    op.y = y_;
+    ops.push_back(op);
+}
+
+void RecordingSurface::SetFont(const host::PrintFont& f) {
+    font_ = f;
+    ops.push_back(Make(OpKind::Font));
+}
+
+void RecordingSurface::SetScaleMode(int mode) {
+    scaleMode_ = mode;
+    Op op = Make(OpKind::ScaleMode);
+    op.value = mode;
+    ops.push_back(op);
+}
+
+void RecordingSurface::SetDrawWidth(int w) {
+    drawWidth_ = w;
+    Op op = Make(OpKind::DrawWidth);
+    op.value = w;
+    ops.push_back(op);
+}
+
+void RecordingSurface::Line(float x1, float y1, float x2, float y2) {
+    Ink();
+    Op op = Make(OpKind::Line);
+    op.x = x1;
+    op.y = y1;
+    op.x2 = x2;
+    op.y2 = y2;
+    op.value = drawWidth_;
+    ops.push_back(op);
+    // The runtime leaves the pen at the end of a line.
+    x_ = x2;
+    y_ = y2;
+}
+
+float RecordingSurface::TextWidth(const std::string& text) {
+    return CharWidthPerPoint * font_.Size * static_cast<float>(text.size());
+}
+
+void RecordingSurface::Print(const std::string& text, bool stayOnLine) {
+    Ink();
+    Op op = Make(OpKind::Text);
+    op.x = x_;
+    op.y = y_;
+    op.text = text;
+    op.stayOnLine = stayOnLine;
+    ops.push_back(op);
+    if (stayOnLine) {
+        x_ += TextWidth(text);
+    } else {
+        x_ = 0;
+        y_ += LineHeight();
+    }
+}
+
+// A NewPage on no document opens one, so its first page stays blank.
+void RecordingSurface::NewPage() {
+    if (!open_) Ink();
+    ops.push_back(Make(OpKind::NewPage));
+    ++page_;
+    x_ = y_ = 0;
+}
+
+void RecordingSurface::EndDoc() {
+    ops.push_back(Make(OpKind::EndDoc));
+    if (!open_) return;
+    ++endDocs;
+    Close();
+}
+
+void RecordingSurface::KillDoc() {
+    ++killDocs;
+    if (open_) docPages_.pop_back();
+    open_ = false;
+    ops.erase(ops.begin() + static_cast<std::ptrdiff_t>(docStart_), ops.end());
+    taken_ = std::min(taken_, ops.size());
+    ops.push_back(Make(OpKind::KillDoc));
+    Close();
+}
+
+int RecordingSurface::PagesOf(int doc) const {
+    return doc >= 0 && doc < Documents() ? docPages_[static_cast<std::size_t>(doc)] : 0;
+}
+
+int RecordingSurface::PagesPrinted() const {
+    int pages = 0;
+    for (int p : docPages_) pages += p;
+    return pages;
+}
+
+std::vector<const RecordingSurface::Op*> RecordingSurface::TextOps() const {
+    std::vector<const Op*> out;
+    for (const Op& op : ops)
+        if (op.kind == OpKind::Text) out.push_back(&op);
+    return out;
+}
+
+std::vector<std::string> RecordingSurface::Texts() const {
+    std::vector<std::string> out;
+    for (const Op* op : TextOps()) out.push_back(op->text);
+    return out;
+}
+
+std::vector<std::string> RecordingSurface::TextsOnPage(int page, int doc) const {
+    std::vector<std::string> out;
+    for (const Op* op : TextOps())
+        if (op->page == page && op->doc == doc) out.push_back(op->text);
+    return out;
+}
+
+const RecordingSurface::Op* RecordingSurface::FindText(const std::string& text) const {
+    const Op* containing = nullptr;
+    for (const Op* op : TextOps()) {
+        if (op->text == text) return op;
+        if (!containing && op->text.find(text) != std::string::npos) containing = op;
+    }
+    return containing;
+}
+
+std::vector<const RecordingSurface::Op*> RecordingSurface::Lines() const {
+    std::vector<const Op*> out;
+    for (const Op& op : ops)
+        if (op.kind == OpKind::Line) out.push_back(&op);
+    return out;
+}
+
+std::vector<RecordingSurface::Op> RecordingSurface::TakeOps() {
+    std::vector<Op> out(ops.begin() + static_cast<std::ptrdiff_t>(taken_), ops.end());
+    taken_ = ops.size();
+    return out;
+}
+
+void RecordingSurface::Clear() {
+    *this = RecordingSurface();
+}

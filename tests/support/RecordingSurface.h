@@ -1,0 +1,92 @@
+#pragma once
+// A print surface that keeps every call, so report tests can check positions,
+// fonts and texts without a printer.
+//
+// Metric: every character is CharWidthPerPoint * size centimetres wide (about
+// half an em, whatever the face), and a line is LinePerPoint * size high. At 10
+// points a character is 0.18 cm and a line 0.4 cm. Real faces differ; tests
+// that depend on widths should compute them with TextWidth.
+#include <string>
+#include <vector>
+
+#include "platform/host/PrintSurface.h"
+
+class RecordingSurface : public host::PrintSurface {
+public:
+    static constexpr float CharWidthPerPoint = 0.018f;
+    static constexpr float LinePerPoint = 0.04f;
+
+    enum class OpKind { Font, Move, Text, Line, ScaleMode, DrawWidth, NewPage, EndDoc, KillDoc };
+
+    struct Op {
+        OpKind kind = OpKind::Move;
+        int doc = 0;              // index among the documents that were kept
+        int page = 1;             // page of that document
+        float x = 0, y = 0;       // Move: the new pen; Text: where the text starts; Line: first point
+        float x2 = 0, y2 = 0;     // Line: second point
+        std::string text;         // Text: the Windows-1252 bytes
+        host::PrintFont font;     // Font, Text: the font in use
+        bool stayOnLine = false;  // Text: printed with a trailing semicolon
+        int value = 0;            // ScaleMode, DrawWidth: the value; Line: the draw width
+    };
+
+    // Everything recorded, in order. A KillDoc removes the calls of the document it
+    // discards and leaves one KillDoc entry in their place.
+    std::vector<Op> ops;
+    int endDocs = 0;   // documents ended while open
+    int killDocs = 0;  // KillDoc calls, open document or not
+
+    // The kept documents, including the one still open.
+    int Documents() const { return static_cast<int>(docPages_.size()); }
+    bool DocumentOpen() const { return open_; }
+    // Pages of the kept documents taken together. A NewPage with nothing after
+    // it before EndDoc makes no page, as on the printer.
+    int PagesPrinted() const;
+    int PagesOf(int doc) const;
+
+    std::vector<const Op*> TextOps() const;
+    std::vector<std::string> Texts() const;
+    std::vector<std::string> TextsOnPage(int page, int doc = 0) const;
+    // The first text equal to, or else containing, the given bytes; null if none.
+    const Op* FindText(const std::string& text) const;
+    std::vector<const Op*> Lines() const;
+    // Everything recorded since the last call, for tests that look at one step.
+    std::vector<Op> TakeOps();
+    void Clear();
+
+    float CurrentX() const override { return x_; }
+    float CurrentY() const override { return y_; }
+    void SetCurrentX(float x) override;
+    void SetCurrentY(float y) override;
+    void SetFont(const host::PrintFont& f) override;
+    const host::PrintFont& Font() const override { return font_; }
+    void SetScaleMode(int mode) override;
+    void SetDrawWidth(int w) override;
+    void Line(float x1, float y1, float x2, float y2) override;
+    float TextWidth(const std::string& text) override;
+    using host::PrintSurface::Print;
+    void Print(const std::string& text, bool stayOnLine = false) override;
+    void NewPage() override;
+    void EndDoc() override;
+    void KillDoc() override;
+    int Page() const override { return page_; }
+    float LineHeight() const override { return LinePerPoint * font_.Size; }
+
+    int ScaleMode() const { return scaleMode_; }
+    int DrawWidth() const { return drawWidth_; }
+
+private:
+    Op Make(OpKind kind) const;
+    void Ink();
+    void Close();
+
+    float x_ = 0, y_ = 0;
+    host::PrintFont font_{"Arial", 10, false, false};
+    int scaleMode_ = 1;   // twips until someone sets centimetres
+    int drawWidth_ = 1;
+    int page_ = 1;
+    bool open_ = false;
+    std::vector<int> docPages_;   // pages of each kept document
+    std::size_t docStart_ = 0;
+    std::size_t taken_ = 0;
+};

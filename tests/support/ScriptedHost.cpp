@@ -1,0 +1,169 @@
+#include "support/ScriptedHost.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/forms/Form.h"
+
+ScriptedHost::ScriptedHost() = default;
+ScriptedHost::~ScriptedHost() = default;
+
+ScriptedHost& ScriptedHost::ExpectBox(const std::string& textPart, int answer, const std::string& title, int buttons) {
+    expected_.push_back({"MsgBox", textPart, title, buttons, answer, {}, {}});
+    return *this;
+}
+
+ScriptedHost& ScriptedHost::ExpectInput(const std::string& textPart, const std::string& answer) {
+    expected_.push_back({"InputBox", textPart, "\x01any", -1, 0, answer, {}});
+    return *this;
+}
+
+ScriptedHost& ScriptedHost::ExpectOpen(const std::string& titlePart, const std::string& path) {
+    expected_.push_back({"Open", titlePart, "\x01any", -1, 0, path, {}});
+    return *this;
+}
+
+ScriptedHost& ScriptedHost::ExpectSave(const std::string& titlePart, const std::string& path) {
+    expected_.push_back({"Save", titlePart, "\x01any", -1, 0, path, {}});
+    return *this;
+}
+
+ScriptedHost& ScriptedHost::ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer) {
+    expected_.push_back({"Printer", "", "\x01any", -1, 0, {}, std::move(answer)});
+    return *this;
+}
+
+void ScriptedHost::OnModal(const std::string& formName, std::function<void(forms::Form&)> script) {
+    modal_[formName] = std::move(script);
+}
+
+void ScriptedHost::Verify() {
+    for (const Expected& e : expected_) ADD_FAILURE() << "Expected " << e.kind << " \"" << e.part << "\" was never shown";
+    expected_.clear();
+}
+
+ScriptedHost::Expected* ScriptedHost::Next(const std::string& kind, const std::string& text) {
+    if (expected_.empty() || expected_.front().kind != kind || text.find(expected_.front().part) == std::string::npos) {
+        ADD_FAILURE() << "Unexpected " << kind << ": \"" << text << "\""
+                      << (expected_.empty() ? std::string(" (nothing more was expected)")
+                                            : " (expected " + expected_.front().kind + " \"" +
+                                                  expected_.front().part + "\")");
+        return nullptr;
+    }
+    return &expected_.front();
+}
+
+int ScriptedHost::MsgBox(const std::string& prompt, int buttons, const std::string& title) {
+    shown.push_back({"MsgBox", prompt, title, buttons});
+    Expected* e = Next("MsgBox", prompt);
+    if (!e) return (buttons & 7) == host::vbYesNo || (buttons & 7) == host::vbYesNoCancel ? host::vbNo : host::vbOK;
+    if (e->title != "\x01any") {
+        EXPECT_EQ(e->title, title) << "title of the box \"" << prompt << "\"";
+    }
+    if (e->buttons >= 0) {
+        EXPECT_EQ(e->buttons, buttons) << "buttons of the box \"" << prompt << "\"";
+    }
+    int answer = e->answer;
+    expected_.pop_front();
+    return answer;
+}
+
+std::string ScriptedHost::InputBox(const std::string& prompt, const std::string& title, const std::string& def) {
+    shown.push_back({"InputBox", prompt, title, 0});
+    Expected* e = Next("InputBox", prompt + "\n" + title);
+    if (!e) return def;
+    std::string answer = e->text;
+    expected_.pop_front();
+    return answer;
+}
+
+bool ScriptedHost::ShowOpen(host::FileDialog& d) {
+    shown.push_back({"Open", d.DialogTitle, d.DialogTitle, 0});
+    Expected* e = Next("Open", d.DialogTitle);
+    if (!e) return false;
+    std::string path = e->text;
+    expected_.pop_front();
+    if (path.empty()) return false;
+    d.FileName = path;
+    return true;
+}
+
+bool ScriptedHost::ShowSave(host::FileDialog& d) {
+    shown.push_back({"Save", d.DialogTitle, d.DialogTitle, 0});
+    Expected* e = Next("Save", d.DialogTitle);
+    if (!e) return false;
+    std::string path = e->text;
+    expected_.pop_front();
+    if (path.empty()) return false;
+    d.FileName = path;
+    return true;
+}
+
+bool ScriptedHost::ShowPrinter(host::PrinterDialog& d) {
+    shown.push_back({"Printer", "", "", 0});
+    Expected* e = Next("Printer", "");
+    if (!e) return false;
+    auto f = e->printer;
+    expected_.pop_front();
+    return f ? f(d) : true;
+}
+
+void ScriptedHost::ShowForm(forms::Form& f, bool modal) {
+    shown.push_back({"Form", f.Name(), "", modal ? 1 : 0});
+    f.SetVisibleFlag(true);
+    ActivateForm(&f);
+    if (!modal) return;
+    auto it = modal_.find(f.Name());
+    if (it == modal_.end()) {
+        ADD_FAILURE() << "Modal form " << f.Name() << " was shown but the test has no script for it";
+        f.Unload();
+        return;
+    }
+    modalStack_.push_back(&f);
+    auto script = it->second;
+    script(f);
+    modalStack_.pop_back();
+    if (f.Visible()) {
+        ADD_FAILURE() << "Modal form " << f.Name() << " was left open by the test's script";
+        f.Unload();
+    }
+}
+
+void ScriptedHost::HideForm(forms::Form& f) {
+    f.SetVisibleFlag(false);
+    if (ActiveForm() == &f) ForgetForm(&f);
+}
+
+void ScriptedHost::UnloadForm(forms::Form& f) { f.SetVisibleFlag(false); }
+
+int ScriptedHost::OpenDocument(const std::string& path) {
+    opened.push_back(path);
+    return openResult;
+}
+
+void ScriptedHost::ShowHelp(const std::string& file, int command, int context) {
+    helpShown.push_back(file + "|" + std::to_string(command) + "|" + std::to_string(context));
+}
+
+std::string ScriptedHost::GetSetting(const std::string& app, const std::string& section, const std::string& key,
+                                     const std::string& def) {
+    auto it = settings.find(app + "/" + section + "/" + key);
+    return it == settings.end() ? def : it->second;
+}
+
+void ScriptedHost::SaveSetting(const std::string& app, const std::string& section, const std::string& key,
+                               const std::string& value) {
+    settings[app + "/" + section + "/" + key] = value;
+}
+
+std::vector<std::pair<std::string, std::string>> ScriptedHost::GetAllSettings(const std::string& app,
+                                                                              const std::string& section) {
+    std::vector<std::pair<std::string, std::string>> out;
+    std::string prefix = app + "/" + section + "/";
+    for (const auto& [k, v] : settings)
+        if (k.rfind(prefix, 0) == 0) out.emplace_back(k.substr(prefix.size()), v);
+    return out;
+}
+
+void ScriptedHost::DeleteSetting(const std::string& app, const std::string& section, const std::string& key) {
+    settings.erase(app + "/" + section + "/" + key);
+}

@@ -1,0 +1,88 @@
+#pragma once
+// A strict host for tests: every box, dialog and modal form a test expects is
+// stated in order with its answer; anything else fails the test and prints
+// its text. The clock is fixed.
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/host/Host.h"
+#include "support/RecordingSurface.h"
+
+class ScriptedHost : public host::Host {
+public:
+    ScriptedHost();
+    ~ScriptedHost() override;
+
+    struct Shown {
+        std::string kind;   // "MsgBox", "InputBox", "Open", "Save", "Printer", "Form"
+        std::string text;
+        std::string title;
+        int buttons = 0;
+    };
+
+    // Expectations, met in order. The text is a part of the box's text.
+    ScriptedHost& ExpectBox(const std::string& textPart, int answer = host::vbOK,
+                            const std::string& title = "\x01any", int buttons = -1);
+    ScriptedHost& ExpectInput(const std::string& textPart, const std::string& answer);
+    // An empty path answers Cancel.
+    ScriptedHost& ExpectOpen(const std::string& titlePart, const std::string& path);
+    ScriptedHost& ExpectSave(const std::string& titlePart, const std::string& path);
+    ScriptedHost& ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer);
+    // The script that runs while a modal form of this name is shown; it must close it.
+    void OnModal(const std::string& formName, std::function<void(forms::Form&)> script);
+    // All expectations met? Fails the test otherwise.
+    void Verify();
+    bool AllMet() const { return expected_.empty(); }
+
+    std::vector<Shown> shown;
+    std::vector<std::string> sounds;
+    std::vector<std::string> helpShown;
+    std::vector<std::string> opened;
+    int openResult = 33;
+    vb::DateTime now{2026, 11, 22, 9, 30, 0};
+    std::map<std::string, std::string> settings;   // "app/section/key"
+    RecordingSurface printer;
+    int busyDepth = 0;
+
+    int MsgBox(const std::string& prompt, int buttons, const std::string& title) override;
+    std::string InputBox(const std::string& prompt, const std::string& title, const std::string& def) override;
+    bool ShowOpen(host::FileDialog& d) override;
+    bool ShowSave(host::FileDialog& d) override;
+    bool ShowPrinter(host::PrinterDialog& d) override;
+    host::PrintSurface& Printer() override { return printer; }
+    void ShowForm(forms::Form& f, bool modal) override;
+    void HideForm(forms::Form& f) override;
+    void UnloadForm(forms::Form& f) override;
+    void Refresh(forms::Form&) override {}
+    void SetBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
+    void PlayWave(const std::string& path) override { sounds.push_back(path); }
+    int OpenDocument(const std::string& path) override;
+    std::optional<std::string> HttpGet(const std::string&) override { return std::nullopt; }
+    void ShowHelp(const std::string& file, int command, int context) override;
+    vb::DateTime Now() override { return now; }
+    std::string GetSetting(const std::string& app, const std::string& section, const std::string& key,
+                           const std::string& def) override;
+    void SaveSetting(const std::string& app, const std::string& section, const std::string& key,
+                     const std::string& value) override;
+    std::vector<std::pair<std::string, std::string>> GetAllSettings(const std::string& app,
+                                                                    const std::string& section) override;
+    void DeleteSetting(const std::string& app, const std::string& section, const std::string& key) override;
+
+private:
+    struct Expected {
+        std::string kind;
+        std::string part;
+        std::string title;
+        int buttons = -1;
+        int answer = 0;
+        std::string text;
+        std::function<bool(host::PrinterDialog&)> printer;
+    };
+    Expected* Next(const std::string& kind, const std::string& text);
+    std::deque<Expected> expected_;
+    std::map<std::string, std::function<void(forms::Form&)>> modal_;
+    std::vector<forms::Form*> modalStack_;
+};
