@@ -1,0 +1,118 @@
+#pragma once
+// The program-wide state of a run. Forms hold a reference to it and shared
+// routines take it; nothing is global, so a test builds a fresh Program.
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/host/Host.h"
+#include "platform/vb/Files.h"
+#include "store/MasterRecord.h"
+
+class EditForm;
+class frmSplash;
+
+inline constexpr int VersionMajor = 2;
+inline constexpr int VersionMinor = 5;
+inline constexpr int VersionRevision = 0;
+inline constexpr const char* AppTitle = "Vestrel";
+
+struct Program {
+    Program(host::Host& host, std::string appPath);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    host::Host& host;
+
+    // Folders and files. AppPath is the program's folder; data/ under it holds crusades.
+    std::string AppPath;
+    std::string DataFile;
+    std::string DataFolder;
+    std::string CurrentFolder;
+    const std::string CrLf = "\r\n";
+    std::string DataPath() const { return AppPath + "/data"; }
+    std::string SettingsPath() const { return AppPath + "/Vestrel.ini"; }
+    // A file of the crusade set: DataFile with its last 3 characters replaced.
+    std::string CrusadeFile(const std::string& ext) const;
+
+    // The record file, held open as file number 1 while a crusade is loaded.
+    vb::RandomFile File1;
+    static constexpr int RecLen = MasterRecord::Length;
+    MasterRecord MasterRec;
+    MasterRecord UndoRec;
+    MasterRecord PreviousRec;
+    long RecordCount = 0;
+    long RecordPos = 0;
+
+    // The current list: SortIndex(0) names its kind, entries are 1-based.
+    std::vector<std::string> SortIndex{std::string()};
+    int IndexCount = 0;
+    int CurrentIndex = 0;
+    int SavedIndex = 0;
+    std::string SortName;
+    std::string PriorSortName;
+
+    // Crusade-wide values (the information file).
+    std::string CrusadeName;
+    std::string CrusadeDate;
+    int MeetingNumber = 1;
+    long LastRNum = 9999;
+    std::string NumberDirection = "DOWN";
+    std::string BackupPath;
+    int FilterTotalAttend = 1;
+    int PrintCutOff = 0;
+    bool CanadaSorter = false;
+    std::string LastUpdated;
+    std::array<std::string, 41> TeamNames;
+    std::array<int, 5> SabAM{};
+    std::array<std::string, 10> DecisionNames;
+    std::array<std::string, 10> DecisionCodes;
+    std::array<std::string, 16> ReligionList;
+    std::array<std::string, 8> AgeGroups;
+    std::array<std::string, 41> SermonTitles;
+    std::array<std::string, 7> WeekDays;
+    std::array<std::string, 14> HourLabels;
+    bool SoundOn = false;
+
+    // Side tables.
+    std::vector<std::string> MemberList{std::string()};
+    int MemberCount = 0;
+    std::array<std::string, 2001> ZipList;
+    int ZipCount = 0;
+
+    // The settings file.
+    bool ShowButtonLabels = true;
+    long LabelTop = 0;
+    long LabelRight = 0;
+
+    // Scratch words and flags.
+    std::string ScratchText;
+    std::string ScratchValue;
+    std::string CallerForm;
+    bool Loaded = false;
+    bool IsNewFile = false;
+    bool AddMode = false;
+    bool ImportMode = false;
+    bool PrintingFromPreview = false;
+    bool StartUp = false;
+    std::string SoundFile;   // the wave file last named
+
+    // The forms. Touching a form loads it, as the runtime does.
+    EditForm& Edit();
+    frmSplash& Splash();
+    bool EditLoaded() const;
+    void DropSplash();
+
+    // Runs once when the data folder has just been made (the desktop places a sample crusade there).
+    std::function<void(Program&)> OnDataFolderCreated;
+
+    // The end of the process (the End statement): unwinds to main.
+    [[noreturn]] void End();
+
+private:
+    std::unique_ptr<EditForm> editForm_;
+    std::unique_ptr<frmSplash> splash_;
+};

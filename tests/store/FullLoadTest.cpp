@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include "platform/vb/Strings.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
+#include "support/TestCrusade.h"
+
+using vb::RTrim;
+
+namespace {
+MasterRecord Placeholder(const std::string& rnum) {
+    MasterRecord r;
+    ClearRecord(r);
+    r.RNum = rnum;
+    r.LName = "  Unknown";
+    r.Attendance = "1";
+    return r;
+}
+}  // namespace
+
+TEST(FullLoad, RepairsEveryRecordAndWritesItBack) {
+    TestCrusade c;
+    std::vector<MasterRecord> recs;
+    MasterRecord a = MakePerson("9998", "  mary", " Zeller", " 1-3-5");   // leading blanks shift attendance
+    a.WorkerCode = "4A";
+    a.Age = "";
+    a.Decisions = " CX";        // blank -> code, stale letter -> code, rest blank -> code
+    recs.push_back(a);
+    MasterRecord b = MakePerson("9997", "Al", "Adams", "");
+    b.WorkerCode = "1 ";        // text comparison: in range
+    b.Age = "3 thirties";       // a digit and more than 5 characters: age group 3
+    b.Decisions = "---------";
+    recs.push_back(b);
+    MasterRecord d = MakePerson("9996", "Del", "Gone", "1-------7");
+    d.WorkerCode = "##";
+    d.Age = "Unknown";
+    d.Decisions = "?--------";
+    recs.push_back(d);
+    c.WriteRecords(recs);
+    c.p.LastRNum = 9990;
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+
+    MasterRecord ra = c.ReadRecord(1);
+    EXPECT_EQ("mary", RTrim(ra.FName));
+    EXPECT_EQ("Zeller", RTrim(ra.LName));
+    EXPECT_EQ("1-3-5-----------------------------------", ra.Attendance.str());
+    EXPECT_EQ("3 ", ra.Attend.str());
+    EXPECT_EQ(5, ra.Last);
+    EXPECT_EQ("00", ra.WorkerCode.str());
+    EXPECT_EQ("NIF", RTrim(ra.Age));
+    EXPECT_EQ("CSKPBTADU   ", ra.Decisions.str());
+
+    MasterRecord rb = c.ReadRecord(2);
+    EXPECT_EQ("1 ", rb.WorkerCode.str());
+    EXPECT_EQ("30-39", RTrim(rb.Age));
+    // Empty attendance: the meeting's last digit at the meeting's place (5 by now).
+    EXPECT_EQ("----5-----------------------------------", rb.Attendance.str());
+    EXPECT_EQ("---------   ", rb.Decisions.str());
+
+    // A deleted record keeps its attendance but has ages and decisions repaired.
+    MasterRecord rd = c.ReadRecord(3);
+    EXPECT_EQ("1-------7", RTrim(rd.Attendance));
+    EXPECT_EQ("##", rd.WorkerCode.str());
+    EXPECT_EQ("NIF", RTrim(rd.Age));
+    EXPECT_EQ("C--------   ", rd.Decisions.str());
+
+    EXPECT_EQ(5, c.p.MeetingNumber);
+    EXPECT_EQ(2, c.p.IndexCount);
+    EXPECT_EQ("9997ADAMSAL   2", c.p.SortIndex[1]);
+    EXPECT_EQ("9998ZELLEMA   1", c.p.SortIndex[2]);
+    EXPECT_EQ(1, c.p.CurrentIndex);
+}
+
+TEST(FullLoad, PlaceholdersAreDeletedOnlyAtOrPastTheLastNumber) {
+    for (const char* direction : {"DOWN", "UP"}) {
+        TestCrusade c;
+        c.WriteRecords({Placeholder("5000"), Placeholder("5001"), Placeholder("4999")});
+        c.p.NumberDirection = direction;
+        c.p.LastRNum = 5000;
+        OpenRecordFile(c.p);
+        FullLoad(c.p);
+        bool down = std::string(direction) == "DOWN";
+        EXPECT_EQ("##", c.ReadRecord(1).WorkerCode.str()) << direction;   // equality counts both ways
+        EXPECT_EQ(down ? "##" : "00", c.ReadRecord(2).WorkerCode.str()) << direction;
+        EXPECT_EQ(down ? "00" : "##", c.ReadRecord(3).WorkerCode.str()) << direction;
+        // Deleted in this pass, still in this pass's list.
+        EXPECT_EQ(3, c.p.IndexCount) << direction;
+        RebuildAlpha(c.p);
+        EXPECT_EQ(1, c.p.IndexCount) << direction;
+    }
+}
+
+TEST(FullLoad, RenumbersTheMasterCrusadeAndClearsCardFlagsWhenAsked) {
+    TestCrusade c("Master");
+    MasterRecord a = MakePerson("9000", "A", "Able");
+    a.IntFlag = -1;
+    MasterRecord gone = MakePerson("9001", "B", "Gone");
+    gone.WorkerCode = "##";
+    c.WriteRecords({a, gone, MakePerson("9002", "C", "Cole")});
+    c.p.CrusadeName = "Master";
+    c.p.ScratchValue = "ClearFlag";
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+    EXPECT_EQ("0001", c.ReadRecord(1).RNum.str());
+    EXPECT_EQ("9001", c.ReadRecord(2).RNum.str());
+    EXPECT_EQ("0002", c.ReadRecord(3).RNum.str());
+    EXPECT_EQ(0, c.ReadRecord(1).IntFlag);
+}
+
+TEST(FullLoad, DuplicateNumbersAreReportedInOrderAndCancelEndsTheCheck) {
+    TestCrusade c;
+    c.WriteRecords({MakePerson("1111", "A", "A"), MakePerson("1111", "B", "B"), MakePerson("2222", "C", "C"),
+                    MakePerson("1111", "D", "D"), MakePerson("2222", "E", "E"), MakePerson("3333", "F", "F"),
+                    MakePerson("3333", "G", "G")});
+    // 1111 reported, its second entry clears the memory, 2222 reported, the third 1111
+    // is reported again, the second 2222 again; Cancel there ends it before 3333.
+    c.host.ExpectBox("The following record is duplicated: 1111", host::vbOK, "", host::vbOKCancel)
+        .ExpectBox("duplicated: 2222", host::vbOK)
+        .ExpectBox("duplicated: 1111", host::vbOK)
+        .ExpectBox("duplicated: 2222", host::vbCancel);
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+    c.host.Verify();
+    EXPECT_NE(std::string::npos,
+              c.host.shown[0].text.find("You should manually remove one of these records after 'Fix Files' is completed."));
+}
+
+TEST(FullLoad, EmptyAndDamagedFiles) {
+    TestCrusade c;
+    c.WriteRecords({});
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+    EXPECT_EQ(0, c.p.IndexCount);
+    EXPECT_EQ(0, c.p.CurrentIndex);
+
+    // A tail that is not a whole record is ignored and kept.
+    TestCrusade t;
+    t.WriteRecords({MakePerson("9998", "A", "Able"), MakePerson("9997", "B", "Baker")});
+    std::string bytes = t.ReadFile(t.dataFile) + std::string(100, 'Z');
+    t.WriteFile(t.dataFile, bytes);
+    OpenRecordFile(t.p);
+    EXPECT_EQ(2, t.p.RecordCount);
+    FullLoad(t.p);
+    EXPECT_EQ(2, t.p.IndexCount);
+    std::string after = t.ReadFile(t.dataFile);
+    ASSERT_EQ(bytes.size(), after.size());
+    EXPECT_EQ(std::string(100, 'Z'), after.substr(after.size() - 100));
+}
+
+TEST(FullLoad, FixFilesLeavesTheMeetingAtTheHighestAttended) {
+    TestCrusade c;
+    c.WriteRecords({MakePerson("9998", "A", "Able", "123")});
+    c.p.MeetingNumber = 9;
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+    EXPECT_EQ(3, c.p.MeetingNumber);
+}

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "platform/vb/Strings.h"
+#include "store/Generator.h"
+#include "store/Members.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
+#include "support/TestCrusade.h"
+
+namespace {
+
+std::string CrusadeBytes(TestCrusade& c) {
+    std::string all;
+    for (const char* ext : {"dta", "inf", "zps", "mem"}) all += c.ReadFile(c.p.CrusadeFile(ext)) + "|";
+    return all;
+}
+
+bool AllDigits(const std::string& s) {
+    for (char ch : s)
+        if (ch < '0' || ch > '9') return false;
+    return !s.empty();
+}
+
+}  // namespace
+
+TEST(Generator, TheSeedAloneDecidesEveryByte) {
+    TestCrusade a, b, other;
+    GenerateCrusade(a.p, a.dataFile, 300, 11);
+    GenerateCrusade(b.p, b.dataFile, 300, 11);
+    GenerateCrusade(other.p, other.dataFile, 300, 12);
+    EXPECT_TRUE(CrusadeBytes(a) == CrusadeBytes(b)) << "one seed gave two crusades";
+    EXPECT_TRUE(a.ReadFile(a.dataFile) != other.ReadFile(other.dataFile)) << "two seeds gave one crusade";
+}
+
+TEST(Generator, ALoadFindsTheCrusadeAlreadyInOrder) {
+    TestCrusade c;
+    GenerateCrusade(c.p, c.dataFile, 500, 7, 23);
+    const std::string written = c.ReadFile(c.dataFile);
+    const std::string zpsWritten = c.ReadFile(c.p.CrusadeFile("zps"));
+    const int memberCount = c.p.MemberCount;
+    EXPECT_EQ(9499, c.p.LastRNum);
+
+    int deleted = 0;
+    for (long i = 1; i <= 500; ++i) {
+        MasterRecord r = c.ReadRecord(i);
+        ASSERT_EQ(vb::Right("0000" + vb::CStr(9999 - i), 4), r.RNum.str()) << "record " << i;
+        if (r.WorkerCode == "##") ++deleted;
+        EXPECT_EQ(std::string(40 - 23, '-'), r.Attendance.str().substr(23)) << "record " << i;
+    }
+    EXPECT_GT(deleted, 0);
+
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+    c.host.Verify();
+    EXPECT_EQ(500 - deleted, c.p.IndexCount);
+    EXPECT_EQ(23, c.p.MeetingNumber);
+    // The repairs of the load find nothing to repair, and the recount agrees with the table.
+    c.p.File1.Close();
+    EXPECT_TRUE(c.ReadFile(c.dataFile) == written) << "the load changed the generated records";
+    SaveZips(c.p);
+    EXPECT_EQ(zpsWritten, c.ReadFile(c.p.CrusadeFile("zps")));
+
+    LoadMembers(c.p);
+    ASSERT_EQ(memberCount, c.p.MemberCount);
+    std::set<std::string> numbers;
+    for (int i = 1; i <= c.p.MemberCount; ++i) {
+        EXPECT_EQ(34u, c.p.MemberList[i].size()) << c.p.MemberList[i];
+        EXPECT_TRUE(numbers.insert(c.p.MemberList[i].substr(0, 4)).second) << c.p.MemberList[i];
+    }
+    for (int i = 1; i <= c.p.ZipCount; ++i) EXPECT_EQ(33u, c.p.ZipList[i].size()) << c.p.ZipList[i];
+}
+
+TEST(Generator, SmallCrusadesStillReachTheirLastMeeting) {
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        TestCrusade c;
+        GenerateCrusade(c.p, c.dataFile, static_cast<int>(seed), seed);
+        int held = c.p.MeetingNumber;
+        ASSERT_GE(held, 1);
+        ASSERT_LE(held, 40);
+        OpenRecordFile(c.p);
+        FullLoad(c.p);
+        c.host.Verify();
+        EXPECT_EQ(held, c.p.MeetingNumber) << "seed " << seed;
+        EXPECT_GE(c.p.IndexCount, 1);
+    }
+}
+
+TEST(Generator, AFullCrusadeUsesEveryNumberOnce) {
+    TestCrusade c;
+    GenerateCrusade(c.p, c.dataFile, 9999, 3, 30);
+    EXPECT_EQ(0, c.p.LastRNum);
+    ASSERT_EQ(9999, c.RecordsOnDisk());
+    std::string bytes = c.ReadFile(c.dataFile);
+    std::set<std::string> numbers;
+    for (long i = 0; i < 9999; ++i) {
+        std::string num = bytes.substr(static_cast<std::size_t>(i) * MasterRecord::Length, 4);
+        ASSERT_TRUE(AllDigits(num)) << "record " << i + 1 << ": " << num;
+        numbers.insert(num);
+    }
+    EXPECT_EQ(9999u, numbers.size());
+    OpenRecordFile(c.p);
+    FullLoad(c.p);   // a repeated number would show its box here
+    c.host.Verify();
+    EXPECT_EQ(30, c.p.MeetingNumber);
+}

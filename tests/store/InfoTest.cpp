@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include "platform/vb/Strings.h"
+#include "store/Info.h"
+#include "store/Records.h"
+#include "support/TestCrusade.h"
+
+namespace {
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> out;
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        std::size_t e = text.find("\r\n", pos);
+        if (e == std::string::npos) e = text.size();
+        out.push_back(text.substr(pos, e - pos));
+        pos = e + 2;
+    }
+    return out;
+}
+
+std::string Join(const std::vector<std::string>& lines) {
+    std::string s;
+    for (const auto& l : lines) s += l + "\r\n";
+    return s;
+}
+}  // namespace
+
+TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
+    TestCrusade c;
+    Program& p = c.p;
+    p.CrusadeName = "Springfield 2026";
+    p.CrusadeDate = "3/1/2026";
+    p.MeetingNumber = 12;
+    p.LastRNum = 9876;
+    p.NumberDirection = "UP";
+    p.BackupPath = "/media/stick";
+    p.FilterTotalAttend = 3;
+    p.PrintCutOff = 7;
+    p.TeamNames[1] = "Jones:555-0101";
+    p.TeamNames[40] = "Last:1";
+    p.SabAM = {0, 6, 13, 0, 27};
+    p.DecisionNames[4] = "Sabbath Problem";
+    p.ReligionList[15] = "Quaker";
+    p.DecisionCodes[3] = "X";
+    p.SermonTitles[25] = "Extra";
+    p.SoundOn = true;
+    p.DecisionNames[1] = "Accept Christ";   // as every load leaves them
+    p.DecisionNames[2] = "Accept Sabbath";
+    ASSERT_TRUE(SaveInfo(p));
+    std::vector<std::string> lines = Lines(c.ReadFile(p.CrusadeFile("inf")));
+    ASSERT_EQ(133u, lines.size());
+    EXPECT_EQ("Springfield 2026", lines[0]);
+    EXPECT_EQ(" 12", lines[2]);        // the Str form: no trailing blank
+    EXPECT_EQ(" 9876 ", lines[3]);     // an integer: a blank on both sides
+    EXPECT_EQ("UP", lines[4]);
+    EXPECT_EQ(" 3 ", lines[6]);
+    EXPECT_EQ(" 7 ", lines[7]);
+    EXPECT_EQ("version 2.5.0", lines[8]);
+    EXPECT_EQ("Jones:555-0101", lines[9]);
+    EXPECT_EQ("Team #  2", lines[10]);
+    EXPECT_EQ(" 6 ", lines[49]);
+    EXPECT_EQ("Sabbath Problem", lines[56]);
+    EXPECT_EQ("Quaker", lines[75]);
+    EXPECT_EQ("Blank", lines[76]);
+    EXPECT_EQ("CSXPBTADU", lines[83]);
+    EXPECT_EQ("Daniel 2", lines[91]);
+    EXPECT_EQ("Extra", lines[115]);
+    EXPECT_EQ("", lines[116]);
+    EXPECT_EQ("True", lines[131]);
+    EXPECT_EQ("11/22/2026 9:30:00 AM", lines[132]);
+
+    Program q(c.host, c.appPath);
+    q.DataFile = p.DataFile;
+    LoadInfo(q);
+    EXPECT_EQ(p.CrusadeName, q.CrusadeName);
+    EXPECT_EQ(p.CrusadeDate, q.CrusadeDate);
+    EXPECT_EQ(12, q.MeetingNumber);
+    EXPECT_EQ(9876, q.LastRNum);
+    EXPECT_EQ("UP", q.NumberDirection);
+    EXPECT_EQ("/media/stick", q.BackupPath);
+    EXPECT_EQ(3, q.FilterTotalAttend);
+    EXPECT_EQ(7, q.PrintCutOff);
+    EXPECT_EQ(p.TeamNames, q.TeamNames);
+    EXPECT_EQ(p.SabAM, q.SabAM);
+    EXPECT_EQ(p.ReligionList, q.ReligionList);
+    EXPECT_EQ(p.SermonTitles, q.SermonTitles);
+    EXPECT_EQ("X", q.DecisionCodes[3]);
+    EXPECT_EQ("Sabbath Problem", q.DecisionNames[4]);
+    EXPECT_TRUE(q.SoundOn);
+    EXPECT_EQ("11/22/2026 9:30:00 AM", q.LastUpdated);
+    // Saving what was loaded gives the same file.
+    std::string first = c.ReadFile(p.CrusadeFile("inf"));
+    SaveInfo(q);
+    EXPECT_EQ(first, c.ReadFile(p.CrusadeFile("inf")));
+}
+
+TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
+    TestCrusade c;
+    Program& p = c.p;
+    p.DecisionCodes[1] = "Q";
+    p.DecisionCodes[9] = "Z";
+    p.DecisionNames[1] = "Something";
+    p.SermonTitles[3] = "";
+    p.TeamNames[5] = ":";
+    SaveInfo(p);
+    LoadInfo(p);
+    EXPECT_EQ("C", p.DecisionCodes[1]);
+    EXPECT_EQ("U", p.DecisionCodes[9]);
+    EXPECT_EQ("Accept Christ", p.DecisionNames[1]);
+    EXPECT_EQ("Accept Sabbath", p.DecisionNames[2]);
+    EXPECT_EQ("Unite with Church", p.DecisionNames[9]);
+    EXPECT_EQ("Dragon and Woman", p.SermonTitles[3]);   // an emptied default returns
+    EXPECT_EQ("Team #  5", p.TeamNames[5]);
+    EXPECT_EQ("Unassigned:", p.TeamNames[0]);
+    EXPECT_EQ("NIF", p.AgeGroups[0]);
+    EXPECT_EQ("60-69", p.AgeGroups[6]);
+}
+
+TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
+    TestCrusade c;
+    Program& p = c.p;
+    p.CrusadeName = "Smith, Jones";
+    p.CrusadeDate = "3/1/2026";
+    p.MeetingNumber = 4;
+    SaveInfo(p);
+    // The version line moves down one field too, so the file reads as an old one.
+    c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete.");
+    LoadInfo(p);
+    c.host.Verify();
+    EXPECT_EQ("Smith", p.CrusadeName);
+    EXPECT_EQ("Jones", p.CrusadeDate);
+    EXPECT_EQ(3, p.MeetingNumber);   // the date line, by its numeric prefix
+    EXPECT_EQ(4, p.LastRNum);
+    EXPECT_EQ("9999 ", p.NumberDirection);
+}
+
+TEST(InfoFile, OlderLayoutsAndAFileCutShort) {
+    TestCrusade c;
+    Program& p = c.p;
+    c.WriteRecords({});
+    // A 2.4 file: 20 team lines, decision codes one to a line.
+    std::vector<std::string> lines = {"Old One", "1/1/1999", " 3", " 9000 ", "DOWN", "", " 1 ", " 0 ", "version 2.4.1"};
+    for (int i = 1; i <= 20; ++i) lines.push_back("Old team " + std::to_string(i) + ":1");
+    for (int i = 0; i < 4; ++i) lines.push_back(" 0 ");
+    for (int i = 1; i <= 8; ++i) lines.push_back("Dec " + std::to_string(i));
+    for (int i = 1; i <= 15; ++i) lines.push_back(i == 2 ? "" : "Church " + std::to_string(i));
+    for (int i = 0; i < 7; ++i) lines.push_back("Blank");
+    for (const char* code : {"Q", "R", "S", "T", "V", "W", "X", "Y"}) lines.push_back(code);
+    for (int i = 1; i <= 40; ++i) lines.push_back(i == 1 ? "Opening night" : "");
+    lines.push_back("False");
+    lines.push_back("1/2/1999");
+    c.WriteFile(p.CrusadeFile("inf"), Join(lines));
+    LoadInfo(p);
+    EXPECT_EQ("Old One", p.CrusadeName);
+    EXPECT_EQ(3, p.MeetingNumber);
+    EXPECT_EQ("Old team 20:1", p.TeamNames[20]);
+    EXPECT_EQ("Team #  21", p.TeamNames[21]);
+    EXPECT_EQ("Dec 4", p.DecisionNames[4]);
+    EXPECT_EQ("Baptist", p.ReligionList[2]);
+    EXPECT_EQ("C", p.DecisionCodes[1]);   // overwritten whatever the file says
+    EXPECT_EQ("S", p.DecisionCodes[2]);
+    EXPECT_EQ("T", p.DecisionCodes[4]);
+    EXPECT_EQ("Y", p.DecisionCodes[8]);
+    EXPECT_EQ("Opening night", p.SermonTitles[1]);
+    EXPECT_EQ("Angel Warfare", p.SermonTitles[2]);
+    EXPECT_EQ("1/2/1999", p.LastUpdated);
+
+    // Cut short after the teams: the rest stays at the defaults; letters where numbers belong read as 0.
+    std::vector<std::string> shortLines = {"Short", "today", "abc", "xyz", "UP", "", "1", "0", "version 2.5.0",
+                                           "Team A:1"};
+    c.WriteFile(p.CrusadeFile("inf"), Join(shortLines));
+    LoadInfo(p);
+    EXPECT_EQ("Short", p.CrusadeName);
+    EXPECT_EQ(0, p.MeetingNumber);
+    EXPECT_EQ(0, p.LastRNum);
+    EXPECT_EQ("Team A:1", p.TeamNames[1]);
+    EXPECT_EQ("Team #  2", p.TeamNames[2]);
+    EXPECT_EQ("Keep Sabbath", p.DecisionNames[3]);
+}
+
+TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
+    TestCrusade c;
+    c.p.LastRNum = 9999;
+    EXPECT_EQ("9998", NextRNum(c.p));
+    EXPECT_NE(std::string::npos, c.ReadFile(c.p.CrusadeFile("inf")).find("\r\n 9998 \r\n"));
+    c.p.NumberDirection = "UP";
+    c.p.LastRNum = 9999;
+    EXPECT_EQ("0000", NextRNum(c.p));   // the text keeps the last four characters
+}

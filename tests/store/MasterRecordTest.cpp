@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "store/MasterRecord.h"
+
+TEST(MasterRecord, EveryFieldSitsAtItsOffsetAndRoundTripsByteExact) {
+    MasterRecord r;
+    r.RNum = "9998"; r.FName = "Mary"; r.LName = "O'Neil"; r.Address = "12 Oak St #2B"; r.City = "Springfield";
+    r.State = "IL"; r.Zip = "62701"; r.Phone = "555-0100"; r.Age = "30-39"; r.Advertising = "..X....";
+    r.RelPref = "Baptist"; r.IntLevel = "G"; r.Visits = "LV"; r.WorkerCode = "07"; r.Notes = "Likes hymns";
+    r.Attendance = "12-4"; r.Attend = "3"; r.Last = 4; r.MailList = -1; r.Decisions = "C-K------";
+    r.Class = -1; r.MapCode = "xxxx"; r.BaptDate = "03/01/26"; r.IntFlag = -1; r.BirthDate = "1/2/60";
+    r.MarkToVisit = -1; r.Email = "mary@example.org";
+    RecordBytes b = EncodeRecord(r);
+    const char* d = b.data();
+    struct { int offset; const char* text; } texts[] = {
+        {0, "9998"}, {4, "Mary"}, {24, "O'Neil"}, {44, "12 Oak St #2B"}, {74, "Springfield"}, {94, "IL"},
+        {96, "62701"}, {106, "555-0100"}, {118, "30-39"}, {128, "..X...."}, {148, "Baptist"}, {168, "G"},
+        {169, "LV"}, {181, "07"}, {183, "Likes hymns"}, {333, "12-4"}, {373, "3"}, {379, "C-K------"},
+        {393, "xxxx"}, {401, "03/01/26"}, {411, "1/2/60"}, {421, "mary@example.org"}};
+    for (const auto& t : texts) EXPECT_EQ(0, std::memcmp(d + t.offset, t.text, std::strlen(t.text))) << t.text;
+    // Blank padding, never terminated.
+    EXPECT_EQ(' ', d[4 + 4]);
+    EXPECT_EQ(' ', d[460]);
+    // Little-endian 16-bit integers.
+    EXPECT_EQ(4, d[375]);  EXPECT_EQ(0, d[376]);
+    EXPECT_EQ('\xFF', d[377]); EXPECT_EQ('\xFF', d[378]);
+    EXPECT_EQ('\xFF', d[391]); EXPECT_EQ('\xFF', d[409]); EXPECT_EQ('\xFF', d[419]);
+    EXPECT_EQ(r, DecodeRecord(d));
+
+    // Any bytes at all come back as they were, NULs and high characters included.
+    RecordBytes any;
+    for (int i = 0; i < MasterRecord::Length; ++i) any[i] = static_cast<char>((i * 37 + 11) & 0xFF);
+    EXPECT_EQ(any, EncodeRecord(DecodeRecord(any.data())));
+}
+
+TEST(MasterRecord, FixedWidthCutsAndPadsAndClearKeepsAttendanceAndEmail) {
+    MasterRecord r;
+    r.State = "Illinois";
+    EXPECT_EQ("Il", r.State.str());
+    r.FName = "Jo";
+    EXPECT_EQ(20u, r.FName.str().size());
+    r.Attendance = "1-3";
+    r.Attend = "2";
+    r.Last = 3;
+    r.Email = "kept@example.org";
+    r.WorkerCode = "12";
+    ClearRecord(r);
+    EXPECT_EQ(".......", vb::RTrim(r.Advertising));
+    EXPECT_EQ("00", r.WorkerCode.str());
+    EXPECT_EQ("---------   ", r.Decisions.str());
+    EXPECT_EQ("1-3", vb::RTrim(r.Attendance));
+    EXPECT_EQ(3, r.Last);
+    EXPECT_EQ("kept@example.org", vb::RTrim(r.Email));
+    EXPECT_EQ(std::string(20, ' '), r.FName.str());
+}

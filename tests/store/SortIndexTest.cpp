@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "store/Program.h"
+#include "store/SortIndex.h"
+#include "support/ScriptedHost.h"
+
+namespace {
+struct Fixture {
+    ScriptedHost host;
+    Program p{host, "/nonexistent"};
+    void List(std::vector<std::string> entries, const std::string& sortName = "alpha") {
+        p.SortIndex.assign(1, sortName);
+        p.SortIndex.insert(p.SortIndex.end(), entries.begin(), entries.end());
+        p.IndexCount = static_cast<int>(entries.size());
+        p.SortName = sortName;
+    }
+    std::vector<std::string> Sorted() { return {p.SortIndex.begin() + 1, p.SortIndex.end()}; }
+};
+}  // namespace
+
+TEST(SortEntries, AlphaIgnoresNumberAndBreaksTiesByRecordNumber) {
+    Fixture f;
+    f.List({"9990SMITHJO  12", "9999ADAMSMA   3", "0001SMITHJO   2", "5000BROWNAL 100"});
+    SortEntries(f.p);
+    EXPECT_EQ((std::vector<std::string>{"9999ADAMSMA   3", "5000BROWNAL 100", "0001SMITHJO   2", "9990SMITHJO  12"}),
+              f.Sorted());
+}
+
+TEST(SortEntries, ByNumberComparesTheWholeEntry) {
+    Fixture f;
+    f.List({"9990SMITHJO  12", "0002ZZZZZZZ   3", "0001SMITHJO   2"}, "byNum");
+    SortEntries(f.p);
+    EXPECT_EQ("0001SMITHJO   2", f.p.SortIndex[1]);
+    EXPECT_EQ("0002ZZZZZZZ   3", f.p.SortIndex[2]);
+}
+
+TEST(SortEntries, AnAddModeEntryFirstNarrowsTheCompareToSevenCharacters) {
+    Fixture f;
+    // Width 7 from the 11-character entry: only the last three letters and the
+    // pointer of each name entry count, so ZZZZAAA sorts before AAAAZZZ.
+    f.List({"-------  20", "0001AAAAZZZ   5", "0002ZZZZAAA   6"});
+    SortEntries(f.p);
+    EXPECT_EQ("-------  20", f.p.SortIndex[1]);
+    EXPECT_EQ("0002ZZZZAAA   6", f.p.SortIndex[2]);
+    EXPECT_EQ("0001AAAAZZZ   5", f.p.SortIndex[3]);
+}
+
+TEST(SortEntries, ManyEntriesComeOutInOrderThroughTheGapRule) {
+    Fixture f;
+    std::vector<std::string> entries;
+    for (int i = 0; i < 500; ++i) {
+        char name[6];
+        snprintf(name, sizeof name, "%05d", (i * 7919) % 500);
+        entries.push_back("0000" + std::string(name) + "AB" + std::string(4 - std::to_string(i + 1).size(), ' ') +
+                          std::to_string(i + 1));
+    }
+    f.List(entries);
+    SortEntries(f.p);
+    for (int i = 1; i < 500; ++i) EXPECT_LE(f.p.SortIndex[i].substr(4), f.p.SortIndex[i + 1].substr(4));
+}
+
+TEST(FindByNumber, MatchesTheFirstFourCharactersWithoutCase) {
+    Fixture f;
+    f.List({"9990SMITHJO  12", "00a1SMITHJO   2", "00A1OTHERJO   7"});
+    f.p.MasterRec.RNum = "00A1";
+    EXPECT_EQ(2, FindByNumber(f.p));
+    f.p.MasterRec.RNum = "1234";
+    EXPECT_EQ(0, FindByNumber(f.p));
+}
