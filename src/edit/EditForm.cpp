@@ -1,0 +1,264 @@
+#include "edit/EditForm.h"
+
+#include "platform/vb/Strings.h"
+#include "store/Program.h"
+#include "store/SortIndex.h"
+#include "store/Sounds.h"
+
+using namespace forms;
+using namespace vb;
+
+const char* const ButtonLabelsText =
+    "Global  New  SDA   Del/ Restore  Mark  GoTo      Name        Undo  Attend   PreV  Chart  Stats";
+
+namespace {
+constexpr int px = 15;   // twips per pixel
+
+void Place(Control& c, int x, int y, int w, int h, Control* in = nullptr) {
+    if (in) c.SetContainer(in);
+    c.Move(x * px, y * px, w * px, h * px);
+}
+}  // namespace
+
+EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
+    KeyPreview = true;
+    Layout();
+    Wire();
+    // Work that is not part of the program yet stays disabled.
+    for (Control* c : std::initializer_list<Control*>{
+             &btnGlobal, &btnAddName, &btnSDA, &btnDelete, &btnUndelete, &btnUndo, &btnAttend, &btnViewFile,
+             &btnExcel, &btnStats, &btnPrayer, &btnVisitUpdate, &btnSaveNew, &btnSaveExit, &mnuBackup,
+             &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
+             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuUndo, &mnuMembers, &mnuZipCodes,
+             &mnuEditTeamNames, &mnuVisits, &mnuGlobal, &mnuAddRecords, &mnuCopy, &mnuDeleteRecord,
+             &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
+             &mnuMarkMarkers, &mnuClearMark, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
+             &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
+             &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mnuStats, &mnuWkrStats, &mPrCut,
+             &mnuIntMem, &mnuMemIntTickets, &mnunamesbynumber, &mnuPrRptMasters, &mnuPrRptWorkerCode,
+             &mnuPrBapt, &mnuPrDecisions, &mnuICard, &mnuPrIntLevel, &mnuPrMailLbl, &mnuMapCode,
+             &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
+             &mnuSpecialAttend, &mnuAdvFilter, &mnuAgeFilter, &mnuBaptisms, &mnuBapDate, &mnuDecisionsFilter,
+             &mnuAddressFilter, &mnuIntLevel, &mnuMailList, &mnuNeedInterview, &mnuNotes, &munPre, &mnuReligion,
+             &mnuZips, &mnuMarked, &mnuClearMarks, &mnuUpdate, &SearchBox}) {
+        notBuilt_.insert(c);
+        c->SetEnabled(false);
+    }
+    // Saving from the screen is not part of the program yet: the boxes only show.
+    for (Control* c : Controls())
+        if (c->kind() == Kind::TextBox && c != &SearchBox && c != &EntInd && c != &SDAIdent) c->Locked = true;
+    for (int i = 0; i <= 8; ++i) Dec[i].SetEnabled(false);
+    for (Control* c : {static_cast<Control*>(&MailList), static_cast<Control*>(&Class),
+                       static_cast<Control*>(&Baptized), static_cast<Control*>(&chkMarkToVisit),
+                       static_cast<Control*>(&RelPref), static_cast<Control*>(&AutoUpdateVisits)})
+        c->SetEnabled(false);
+}
+
+void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }
+
+void EditForm::Layout() {
+    SetCaption("Vestrel Edit Screen");
+    Move(0, 0, 880 * px, 600 * px);
+
+    // The caption line over the bar, in a fixed-pitch face, with each button under its word.
+    lblShowButtonLabels.SetCaption(ButtonLabelsText);
+    lblShowButtonLabels.FixedPitch = true;
+    lblShowButtonLabels.SetFont("Courier New", 9);
+    const int charW = 7, left0 = 10;
+    Place(lblShowButtonLabels, left0, 4, 700, 16);
+    CommandButton* bar[] = {&btnGlobal, &btnAddName, &btnSDA, &btnDelete, &btnUndelete, &btnMark, &btnGoTo,
+                            &ShowAll, &btnUndo, &btnAttend, &btnViewFile, &btnExcel, &btnStats};
+    const char* tips[] = {"Global Search", "Add a New Name to the File",
+                          "Move to SDA Member File or Right Click to Edit Member File", "Remove name from the file",
+                          "Restore Deleted Name", "Mark displayed name to return to later", "Return to marked name",
+                          "Display all names", "Undo Changes made to this record", "Go to Attendance Update Screen",
+                          "Preview the Files", "Look at Charts in MS Excel", "Statistical Data"};
+    std::string text = ButtonLabelsText;
+    std::size_t pos = 0;
+    for (int b = 0; b < 13; ++b) {
+        std::size_t start = text.find_first_not_of(' ', pos);
+        std::size_t end = text.find_first_of(' ', start);
+        if (end == std::string::npos) end = text.size();
+        if (text.compare(start, 4, "Del/") == 0) end = start + 4;
+        int centre = left0 + static_cast<int>((start + end) * charW / 2);
+        Place(*bar[b], centre - 17, 21, 34, 34);
+        bar[b]->SetToolTipText(tips[b]);
+        bar[b]->SetPicture(bar[b]->Name());
+        pos = end;
+    }
+    ShowAll.SetCaption("");
+
+    Place(SearchBoxLabel, 700, 4, 170, 16);
+    Place(SearchBox, 700, 21, 170, 22);
+    Place(FndNameBx, 700, 46, 170, 16);
+
+    // The list and where we stand in it.
+    EditLabel.SetFontBold(true);
+    EditLabel.SetForeColor(vbDarkBlue);
+    Place(EditLabel, 10, 64, 260, 34);
+    Place(RecordCounter, 280, 64, 120, 16);
+    Place(RecordPos, 280, 82, 120, 16);
+    RecordPos.SetVisible(false);
+    Place(AddNameLabel, 410, 64, 120, 20);
+    AddNameLabel.SetFontBold(true);
+    Place(MtgNumLabel, 540, 64, 100, 16);
+    Place(MtgNum, 640, 62, 40, 22);
+    Place(ReturnToPreviewMsg, 10, 100, 860, 16);
+    ReturnToPreviewMsg.SetForeColor(vbRed);
+
+    // The card.
+    auto field = [](Label& l, Control& box, int x, int y, int w) {
+        Place(l, x, y, w, 15);
+        Place(box, x, y + 15, w, 22);
+    };
+    field(lblRNum, RNum, 10, 122, 56);
+    field(lblFName, FName, 74, 122, 170);
+    field(lblLName, LName, 252, 122, 170);
+    field(lblPhone, Phone, 430, 122, 110);
+    field(lblEmail, txtEmail, 548, 122, 240);
+    field(lblAddress, Address, 10, 168, 250);
+    field(lblCity, City, 268, 168, 160);
+    field(lblState, State, 436, 168, 40);
+    field(lblZip, Zip, 484, 168, 90);
+    field(lblAge, Age, 582, 168, 76);
+    Place(Label_Mailist, 668, 168, 70, 15);
+    Place(MailList, 668, 185, 20, 20);
+    field(lblRelPref, RelPref, 10, 214, 170);
+    field(lblAdvertising, Advertising, 188, 214, 150);
+    field(lblWorkerCode, WorkerCode, 346, 214, 70);
+    field(lblIntLevel, IntLevel, 424, 214, 60);
+    field(lblVisits, Visits, 492, 214, 110);
+    field(lblMapCode, MapCode, 610, 214, 80);
+    field(lblBaptDate, BaptDate, 10, 260, 80);
+    Place(lblBapDate, 94, 279, 40, 16);
+    field(lblBirthDate, BirthDate, 140, 260, 80);
+    Place(lblClass, 232, 260, 100, 15);
+    Place(Class, 232, 277, 20, 20);
+    Place(lBaptized, 340, 260, 90, 15);
+    Place(Baptized, 340, 277, 20, 20);
+    Place(chkMarkToVisit, 440, 276, 130, 22);
+    Place(btnPrayer, 700, 168, 170, 44);
+    btnPrayer.SetToolTipText("Use this instead of Notes  for all pertinant Comments or Prayer Requests [Ctrl-P]");
+    btnPrayer.SetPicture("btnPrayer");
+    RelPref.SetToolTipText("Select from List or type in name");
+
+    Place(lblAttendance, 10, 306, 100, 15);
+    Place(Attendance, 10, 321, 340, 22);
+    Attendance.FixedPitch = true;
+    Attendance.SetFont("Courier New", 9);
+    Place(lblAttend, 358, 306, 40, 15);
+    Place(Attend, 358, 321, 40, 22);
+    Place(lblLast, 406, 306, 40, 15);
+    Place(Last, 406, 321, 40, 22);
+    Place(Decisions, 454, 321, 100, 22);
+    Decisions.SetVisible(false);
+
+    Place(Frame1, 10, 352, 540, 100);
+    for (int i = 0; i <= 8; ++i) {
+        Place(Dec[i], 10 + (i % 3) * 176, 20 + (i / 3) * 24, 170, 22, &Frame1);
+        Dec[i].SetVisible(true);
+    }
+    Place(Label17, 560, 352, 310, 15);
+    Place(Notes, 560, 369, 310, 83);
+    Notes.MultiLine = true;
+
+    Place(frameVisit, 560, 258, 310, 88);
+    Place(lblVisitVisit, 10, 22, 50, 16, &frameVisit);
+    Place(boxVisitVisits, 60, 20, 90, 22, &frameVisit);
+    Place(lblVisitInt, 160, 22, 60, 16, &frameVisit);
+    Place(boxVisitInterest, 220, 20, 30, 22, &frameVisit);
+    Place(btnVisitUpdate, 10, 54, 80, 26, &frameVisit);
+    Place(AutoUpdateVisits, 110, 58, 20, 20, &frameVisit);
+    Place(Label4, 132, 60, 100, 16, &frameVisit);
+
+    // Walking the list.
+    const char* chgTips[] = {"First name in the list", "Right Click for next  alphabet, worker code, etc.",
+                             "Right Click for next church, alphabet, worker code, etc.", "Last name in the list"};
+    for (int i = 0; i <= 3; ++i) {
+        Place(ChgRec[i], 10 + i * 52, 470, 48, 40);
+        ChgRec[i].SetVisible(true);
+        ChgRec[i].SetPicture("ChgRec" + std::to_string(i));
+        ChgRec[i].SetToolTipText(chgTips[i]);
+    }
+    Place(lblNextFieldBtn, 230, 484, 200, 16);
+    Place(btnSaveNew, 450, 466, 130, 46);
+    Place(btnSaveExit, 590, 466, 130, 46);
+    Place(btnCancelNew, 730, 466, 130, 46);
+
+    // Focus catchers and the picture box take no room.
+    Place(EntInd, 0, 0, 0, 0);
+    Place(SDAIdent, 0, 0, 0, 0);
+    Place(Picture1, 0, 0, 0, 0);
+    Picture1.SetVisible(false);
+
+    for (int i = 0; i <= 4; ++i) mnuRecentFile[i].SetVisible(false);
+    AddVisibility();
+    ViewEditVisibility();
+}
+
+void EditForm::Wire() {
+    ChgRec.Click = [this](int i) { ChgRec_Click(i); };
+    ChgRec.MouseUp = [this](int i, int b, int s, float x, float y) { ChgRec_MouseUp(i, b, s, x, y); };
+    mnuNextRecord.Click = [this] { mnuNextRecord_Click(); };
+    mnuPreviousRec.Click = [this] { mnuPreviousRec_Click(); };
+    btnMark.Click = [this] { btnMark_Click(); };
+    btnGoTo.Click = [this] { btnGoTo_Click(); };
+    ShowAll.Click = [this] { ShowAll_Click(); };
+    EditLabel.DblClick = [this] { EditLabel_DblClick(); };
+    Label17.DblClick = [this] { Label17_DblClick(); };
+    btnViewFile.Click = [this] { btnViewFile_Click(); };
+    mnuInfo.Click = [this] { mnuInfo_Click(); };
+    mnuHelpFiles.Click = [this] { mnuHelpFiles_Click(); };
+    mnuShortcuts.Click = [this] { mnuShortcuts_Click(); };
+    mnuPrintManual.Click = [this] { mnuPrintManual_Click(); };
+    mnuAbout.Click = [this] { mnuAbout_Click(); };
+    mnuExit.Click = [this] { mnuExit_Click(); };
+    mnuEditMode.Click = [this] { mnuEditMode_Click(); };
+    btnCancelNew.Click = [this] { btnCancelNew_Click(); };
+    mnuChgCr.Click = [this] { mnuChgCr_Click(); };
+    mnuNewCr.Click = [this] { mnuNewCr_Click(); };
+    mnuRecentFile.Click = [this](int i) { mnuRecentFile_Click(i); };
+    EntInd.GotFocus = [this] { EntInd_GotFocus(); };
+    SDAIdent.GotFocus = [this] { SDAIdent_GotFocus(); };
+}
+
+void EditForm::SetTopMenus(bool on) {
+    for (Menu* m : {&mnuFile, &mnuEdit, &mnuRecords, &mnuTools, &mnuPreview, &mnuPrint, &mnuFilterS})
+        Enable(*m, on);
+}
+
+void EditForm::SetBarButtons(bool on) {
+    for (Control* c : std::initializer_list<Control*>{&btnViewFile, &btnAttend, &btnGoTo, &btnDelete, &btnUndelete,
+                                                      &btnSDA, &btnMark, &btnGlobal, &btnExcel, &btnAddName,
+                                                      &btnStats, &btnUndo})
+        Enable(*c, on);
+}
+
+void EditForm::ViewEditVisibility() {
+    for (Control* c : std::initializer_list<Control*>{&SearchBox, &SearchBoxLabel, &EditLabel, &Visits, &lblVisits,
+                                                      &IntLevel, &lblIntLevel, &BaptDate, &lblBaptDate, &lblBapDate,
+                                                      &MapCode, &lblMapCode, &Class, &lblClass, &Baptized, &lBaptized,
+                                                      &BirthDate, &lblBirthDate})
+        c->SetVisible(true);
+    for (Control* c : std::initializer_list<Control*>{&btnSaveNew, &btnSaveExit, &btnCancelNew, &MtgNum,
+                                                      &MtgNumLabel, &AddNameLabel, &ReturnToPreviewMsg})
+        c->SetVisible(false);
+    SetBarButtons(true);
+    Enable(mnuEditMode, false);
+    Enable(mnuAddRecords, true);
+    lblNextFieldBtn.SetCaption("Right Click for Next Field");
+}
+
+void EditForm::AddVisibility() {
+    for (Control* c : std::initializer_list<Control*>{&btnSaveNew, &btnSaveExit, &btnCancelNew, &AddNameLabel,
+                                                      &MtgNum, &MtgNumLabel})
+        c->SetVisible(true);
+    for (Control* c : std::initializer_list<Control*>{&Visits, &lblVisits, &IntLevel, &lblIntLevel, &SearchBox,
+                                                      &SearchBoxLabel, &BaptDate, &lblBaptDate, &lblBapDate, &MapCode,
+                                                      &lblMapCode, &Class, &lblClass, &Baptized, &lBaptized,
+                                                      &BirthDate, &lblBirthDate, &EditLabel})
+        c->SetVisible(false);
+    for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(false);
+    SetBarButtons(false);
+    SetTopMenus(false);
+}

@@ -1,0 +1,323 @@
+#pragma once
+// The main screen: one person at a time, the whole menu tree and the button bar.
+#include <set>
+#include <string>
+
+#include "platform/forms/Form.h"
+
+struct Program;
+
+class EditForm : public forms::Form {
+public:
+    explicit EditForm(Program& p);
+
+    // Record display and the screen's set-up for the current list.
+    void ShowRecord();
+    void SetupScreen(const std::string& labelText);
+    void ResetBackColor();
+    void SetBackColor();
+    void UpdateRecentMenu();
+
+    // Form events.
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Deactivate() override;
+    void Form_GotFocus() override;
+    void Form_LostFocus() override;
+    void Form_Unload(int& Cancel) override;
+
+    // Handlers.
+    void ChgRec_Click(int Index);
+    void ChgRec_MouseUp(int Index, int Button, int Shift, float X, float Y);
+    void mnuNextRecord_Click();
+    void mnuPreviousRec_Click();
+    void btnMark_Click();
+    void btnGoTo_Click();
+    void ShowAll_Click();
+    void EditLabel_DblClick();
+    void Label17_DblClick();
+    void btnViewFile_Click();
+    void mnuInfo_Click();
+    void mnuHelpFiles_Click();
+    void mnuShortcuts_Click();
+    void mnuPrintManual_Click();
+    void mnuAbout_Click();
+    void mnuExit_Click();
+    void mnuEditMode_Click();
+    void mnuAddRecords_Click();
+    void btnCancelNew_Click();
+    void mnuChgCr_Click();
+    void mnuNewCr_Click();
+    void mnuRecentFile_Click(int Index);
+    void EntInd_GotFocus();
+    void SDAIdent_GotFocus();
+
+    // Enables a control unless its work is not part of the program yet.
+    void Enable(forms::Control& c, bool on);
+
+    Program& p;
+    std::string OpenRNum;     // RNum as it stood when the person was shown
+    int HeldPosition = 0;     // where the last move started, for btnGoTo
+    int AddedCount = 0;
+    int ReligionCount = 0;
+    std::string CountedReligion;
+
+    // Record fields.
+    forms::Label lblRNum{*this, "lblRNum", "Reg. No."};
+    forms::TextBox RNum{*this, "RNum"};
+    forms::Label lblFName{*this, "lblFName", "First Name"};
+    forms::TextBox FName{*this, "FName"};
+    forms::Label lblLName{*this, "lblLName", "Last Name"};
+    forms::TextBox LName{*this, "LName"};
+    forms::Label lblPhone{*this, "lblPhone", "Phone:"};
+    forms::TextBox Phone{*this, "Phone"};
+    forms::Label lblEmail{*this, "lblEmail", "EMail"};
+    forms::TextBox txtEmail{*this, "txtEmail"};
+    forms::Label lblAddress{*this, "lblAddress", "Address:"};
+    forms::TextBox Address{*this, "Address"};
+    forms::Label lblCity{*this, "lblCity", "City:"};
+    forms::TextBox City{*this, "City"};
+    forms::Label lblState{*this, "lblState", "State:"};
+    forms::TextBox State{*this, "State"};
+    forms::Label lblZip{*this, "lblZip", "ZipCode"};
+    forms::TextBox Zip{*this, "Zip"};
+    forms::Label lblAge{*this, "lblAge", "Age:"};
+    forms::TextBox Age{*this, "Age"};
+    forms::CheckBox MailList{*this, "MailList"};
+    forms::Label Label_Mailist{*this, "Label_Mailist", "Mail List"};
+    forms::Label lblRelPref{*this, "lblRelPref", "Religion:"};
+    forms::ComboBox RelPref{*this, "RelPref"};
+    forms::Label lblAdvertising{*this, "lblAdvertising", "Advertising:"};
+    forms::TextBox Advertising{*this, "Advertising"};
+    forms::Label lblWorkerCode{*this, "lblWorkerCode", "Team Code:"};
+    forms::TextBox WorkerCode{*this, "WorkerCode"};
+    forms::Label lblIntLevel{*this, "lblIntLevel", "Interest:"};
+    forms::TextBox IntLevel{*this, "IntLevel"};
+    forms::Label lblVisits{*this, "lblVisits", "Visits:"};
+    forms::TextBox Visits{*this, "Visits"};
+    forms::Label lblMapCode{*this, "lblMapCode", "Map Code:"};
+    forms::TextBox MapCode{*this, "MapCode"};
+    forms::Label lblBaptDate{*this, "lblBaptDate", "Bapt.Date:"};
+    forms::TextBox BaptDate{*this, "BaptDate"};
+    forms::Label lblBapDate{*this, "lblBapDate", "M/D/Y"};
+    forms::Label lblBirthDate{*this, "lblBirthDate", "Birth Date:"};
+    forms::TextBox BirthDate{*this, "BirthDate"};
+    forms::Label lblClass{*this, "lblClass", "Bapt. Interview:"};
+    forms::CheckBox Class{*this, "Class"};
+    forms::CheckBox Baptized{*this, "Baptized"};
+    forms::Label lBaptized{*this, "lBaptized", "Baptized/ POF"};
+    forms::CheckBox chkMarkToVisit{*this, "chkMarkToVisit", "Marked to Print"};
+    forms::Label lblAttendance{*this, "lblAttendance", "Attendance"};
+    forms::TextBox Attendance{*this, "Attendance"};
+    forms::Label lblAttend{*this, "lblAttend", "Total"};
+    forms::TextBox Attend{*this, "Attend"};
+    forms::Label lblLast{*this, "lblLast", "Last"};
+    forms::TextBox Last{*this, "Last"};
+    forms::Frame Frame1{*this, "Frame1", "Decisions"};
+    forms::ControlArray<forms::CheckBox> Dec{*this, "Dec", 9, std::string()};
+    forms::TextBox Decisions{*this, "Decisions"};
+    forms::Label Label17{*this, "Label17", "Notes for Data Entry Only"};
+    forms::TextBox Notes{*this, "Notes"};
+    forms::Label MtgNumLabel{*this, "MtgNumLabel", "MeetingNumber"};
+    forms::TextBox MtgNum{*this, "MtgNum"};
+
+    // List and search.
+    forms::Label EditLabel{*this, "EditLabel", "All Names Alphabetical"};
+    forms::Label RecordCounter{*this, "RecordCounter"};
+    forms::Label RecordPos{*this, "RecordPos"};
+    forms::Label FndNameBx{*this, "FndNameBx", "Marked name"};
+    forms::Label SearchBoxLabel{*this, "SearchBoxLabel", "Enter Number or Name to search for"};
+    forms::TextBox SearchBox{*this, "SearchBox"};
+    forms::Label ReturnToPreviewMsg{*this, "ReturnToPreviewMsg",
+                                    "Buttons are disabled, you can only edit this record.                     Click the Preview Button to Return to the Preview Screen."};
+    forms::Label lblNextFieldBtn{*this, "lblNextFieldBtn", "Right Click for next field"};
+    forms::Label AddNameLabel{*this, "AddNameLabel", "Add Names"};
+    forms::Label lblShowButtonLabels{*this, "lblShowButtonLabels"};
+    forms::TextBox EntInd{*this, "EntInd"};
+    forms::TextBox SDAIdent{*this, "SDAIdent"};
+    forms::PictureBox Picture1{*this, "Picture1"};
+
+    // Visits frame.
+    forms::Frame frameVisit{*this, "frameVisit", "Update Visits"};
+    forms::Label lblVisitVisit{*this, "lblVisitVisit", "Visit:"};
+    forms::TextBox boxVisitVisits{*this, "boxVisitVisits"};
+    forms::Label lblVisitInt{*this, "lblVisitInt", "Interest"};
+    forms::TextBox boxVisitInterest{*this, "boxVisitInterest"};
+    forms::CommandButton btnVisitUpdate{*this, "btnVisitUpdate", "Update"};
+    forms::CheckBox AutoUpdateVisits{*this, "AutoUpdateVisits"};
+    forms::Label Label4{*this, "Label4", "Auto Update"};
+
+    // Buttons.
+    forms::CommandButton btnSaveNew{*this, "btnSaveNew", "Save        and  New"};
+    forms::CommandButton btnSaveExit{*this, "btnSaveExit", "Save        and Exit"};
+    forms::CommandButton btnCancelNew{*this, "btnCancelNew", "Cancel    and Exit"};
+    forms::CommandButton btnPrayer{*this, "btnPrayer", "Coments/ Prayer Requests"};
+    forms::ControlArray<forms::CommandButton> ChgRec{*this, "ChgRec", 4, std::string()};
+    forms::CommandButton btnGlobal{*this, "btnGlobal"};
+    forms::CommandButton btnAddName{*this, "btnAddName"};
+    forms::CommandButton btnSDA{*this, "btnSDA"};
+    forms::CommandButton btnDelete{*this, "btnDelete"};
+    forms::CommandButton btnUndelete{*this, "btnUndelete"};
+    forms::CommandButton btnMark{*this, "btnMark"};
+    forms::CommandButton btnGoTo{*this, "btnGoTo"};
+    forms::CommandButton ShowAll{*this, "ShowAll", "All Names"};
+    forms::CommandButton btnUndo{*this, "btnUndo"};
+    forms::CommandButton btnAttend{*this, "btnAttend"};
+    forms::CommandButton btnViewFile{*this, "btnViewFile"};
+    forms::CommandButton btnExcel{*this, "btnExcel"};
+    forms::CommandButton btnStats{*this, "btnStats"};
+
+    // Menus.
+    forms::Menu mnuFile{*this, "mnuFile", "&File"};
+    forms::Menu mnuBackup{*this, "mnuBackup", "&Backup File", &mnuFile};
+    forms::Menu mnuRestoreCr{*this, "mnuRestoreCr", "&Restore from Backup", &mnuFile};
+    forms::Menu mnuNewCr{*this, "mnuNewCr", "&New Meeting", &mnuFile};
+    forms::Menu mnuChgCr{*this, "mnuChgCr", "C&hange Meeting", &mnuFile};
+    forms::Menu mnuErase{*this, "mnuErase", "&Erase Meeting Files", &mnuFile};
+    forms::Menu mnuMerge{*this, "mnuMerge", "&Merge Files", &mnuFile};
+    forms::Menu mnuMergeAttendance{*this, "mnuMergeAttendance", "Merge &Attendance Updates", &mnuFile};
+    forms::Menu mnuImportText{*this, "mnuImportText", "Import from Text File", &mnuFile};
+    forms::Menu mnuExportToAccess{*this, "mnuExportToAccess", "Export to MSAccess", &mnuFile};
+    forms::Menu mnuFileLine1{*this, "mnuFileLine1", "-", &mnuFile};
+    forms::Menu mnuCompact{*this, "mnuCompact", "&Compact Database", &mnuFile};
+    forms::Menu mnuFixFile{*this, "mnuFixFile", "&Fix  the File", &mnuFile};
+    forms::Menu mnuInfo{*this, "mnuInfo", "File &Information", &mnuFile};
+    forms::Menu mnuPref{*this, "mnuPref", "Vestrel &Preferences", &mnuFile};
+    forms::Menu mnuCompare{*this, "mnuCompare", "Compare", &mnuFile};
+    forms::ControlArray<forms::Menu> mnuRecentFile{*this, "mnuRecentFile", 5, std::string("-"), &mnuFile};
+    forms::Menu mnuSepF1{*this, "mnuSepF1", "-", &mnuFile};
+    forms::Menu mnuExit{*this, "mnuExit", "E&xit", &mnuFile};
+
+    forms::Menu mnuEdit{*this, "mnuEdit", "&Edit"};
+    forms::Menu mnuUndo{*this, "mnuUndo", "&Undo Changes", &mnuEdit};
+    forms::Menu mnuEditMode{*this, "mnuEditMode", "&Edit Mode", &mnuEdit};
+    forms::Menu mnuMembers{*this, "mnuMembers", "SDA &Members", &mnuEdit};
+    forms::Menu mnuZipCodes{*this, "mnuZipCodes", "&Assign ZipCodes", &mnuEdit};
+    forms::Menu mnuEditTeamNames{*this, "mnuEditTeamNames", "Edit &Team Names", &mnuEdit};
+    forms::Menu mnuVisits{*this, "mnuVisits", "Enter &Visits", &mnuEdit};
+    forms::Menu mnuSepE1{*this, "mnuSepE1", "-", &mnuEdit};
+    forms::Menu mnuGlobal{*this, "mnuGlobal", "&Global Search", &mnuEdit};
+
+    forms::Menu mnuRecords{*this, "mnuRecords", "&Records"};
+    forms::Menu mnuAddRecords{*this, "mnuAddRecords", "&Add New Records", &mnuRecords};
+    forms::Menu mnuCopy{*this, "mnuCopy", "&Copy to New Record", &mnuRecords};
+    forms::Menu mnuDeleteRecord{*this, "mnuDeleteRecord", "&Delete Record", &mnuRecords};
+    forms::Menu munUndeleteRec{*this, "munUndeleteRec", "&Undelete Records", &mnuRecords};
+    forms::Menu mnuRecordsFirstLine{*this, "mnuRecordsFirstLine", "-", &mnuRecords};
+    forms::Menu mnuPreviousRec{*this, "mnuPreviousRec", "&Previous Record", &mnuRecords};
+    forms::Menu mnuNextRecord{*this, "mnuNextRecord", "&Next Record", &mnuRecords};
+
+    forms::Menu mnuTools{*this, "mnuTools", "&Tools"};
+    forms::Menu mnuAddLastMeeting{*this, "mnuAddLastMeeting", "Add &Last Meeting", &mnuTools};
+    forms::Menu mnuAttendUpdate{*this, "mnuAttendUpdate", "&Attendance Update Form", &mnuTools};
+    forms::Menu mnuCntWorkers{*this, "mnuCntWorkers", "Count &Team Names", &mnuTools};
+    forms::Menu mnuTeamAssignments{*this, "mnuTeamAssignments", "&Team Assignments", &mnuTools};
+    forms::Menu munMarkedLine{*this, "munMarkedLine", "-", &mnuTools};
+    forms::Menu mnuMarkMarkers{*this, "mnuMarkMarkers", "Mark all Displayed Records", &mnuTools};
+    forms::Menu mnuClearMark{*this, "mnuClearMark", "Clear Markers", &mnuTools};
+    forms::Menu mnuClearMrkLine{*this, "mnuClearMrkLine", "-", &mnuTools};
+    forms::Menu mnuClearIntFlag{*this, "mnuClearIntFlag", "Clear Interest Card Flag", &mnuTools};
+    forms::Menu mnuExcel{*this, "mnuExcel", "Open &Excel Charts", &mnuTools};
+    forms::Menu mnuMMergeTitle{*this, "mnuMMergeTitle", "Mail Merge Files", &mnuTools};
+    forms::Menu mnuMailMerge{*this, "mnuMailMerge", "Write &Mail Merge File", &mnuMMergeTitle};
+    forms::Menu mnuNamAndNum{*this, "mnuNamAndNum", "Merge Name and Number", &mnuMMergeTitle};
+    forms::Menu mnuMMDupIntMemNam{*this, "mnuMMDupIntMemNam", "Duplicate Int and Mem Names", &mnuMMergeTitle};
+    forms::Menu mnuEmail{*this, "mnuEmail", "Export to E-Mail File", &mnuTools};
+    forms::Menu mnuExpMap{*this, "mnuExpMap", "Export To Street Atlas Maps", &mnuTools};
+    forms::Menu mnuExportText{*this, "mnuExportText", "Export to Text File", &mnuTools};
+    forms::Menu mnuPrayerEntryLine{*this, "mnuPrayerEntryLine", "-", &mnuTools};
+    forms::Menu mnuEnterPrayerRequest{*this, "mnuEnterPrayerRequest", "Enter &Prayer Request", &mnuTools};
+    forms::Menu mnuViewPrayerList{*this, "mnuViewPrayerList", "&View Prayer List", &mnuTools};
+
+    forms::Menu mnuPreview{*this, "mnuPreview", "&View Reports"};
+    forms::Menu mnuPreMasterLists{*this, "mnuPreMasterLists", "Master Lists", &mnuPreview};
+    forms::Menu mnuPreAlpha{*this, "mnuPreAlpha", "Master Alphabetical List", &mnuPreMasterLists};
+    forms::Menu mnuPreviewFile{*this, "mnuPreviewFile", "Master Attendance List", &mnuPreMasterLists};
+    forms::Menu mnuPreZipMaster{*this, "mnuPreZipMaster", "Master by Zipcode List", &mnuPreMasterLists};
+    forms::Menu mnuPreBap{*this, "mnuPreBap", "&Baptism List", &mnuPreview};
+    forms::Menu mnuPreDec{*this, "mnuPreDec", "&Decisions", &mnuPreview};
+    forms::Menu mnuPreInt{*this, "mnuPreInt", "&Interest Level", &mnuPreview};
+    forms::Menu mnuPreMailList{*this, "mnuPreMailList", "Preview Mail List", &mnuPreview};
+    forms::Menu mnuPreAddress{*this, "mnuPreAddress", "Duplicate Addresses", &mnuPreview};
+    forms::Menu mnuStats{*this, "mnuStats", "&Statistics", &mnuPreview};
+    forms::Menu mnuWkrStats{*this, "mnuWkrStats", "&Visitation Stats", &mnuPreview};
+
+    forms::Menu mnuPrint{*this, "mnuPrint", "&Print Reports"};
+    forms::Menu mPrCut{*this, "mPrCut", "&Meeting Cut Off Point", &mnuPrint};
+    forms::Menu mnuIntMem{*this, "mnuIntMem", "Interest and Members Numbers", &mnuPrint};
+    forms::Menu mnuMemIntTickets{*this, "mnuMemIntTickets", "Interest and Members Tickets", &mnuPrint};
+    forms::Menu mnunamesbynumber{*this, "mnunamesbynumber", "Interest and Members by Number", &mnuPrint};
+    forms::Menu mprSpace1{*this, "mprSpace1", "-", &mnuPrint};
+    forms::Menu mnuPrRptMasters{*this, "mnuPrRptMasters", "Master Reports", &mnuPrint};
+    forms::Menu mnuPrRptSubAlpha{*this, "mnuPrRptSubAlpha", "Alphabetical Report", &mnuPrRptMasters};
+    forms::Menu mnuRptSubAttend{*this, "mnuRptSubAttend", "Attendance Report", &mnuPrRptMasters};
+    forms::Menu mnuPrRptSelectedMtg{*this, "mnuPrRptSelectedMtg", "Attending a Selected Meeting", &mnuPrRptMasters};
+    forms::Menu mnuPrnTotalAttended{*this, "mnuPrnTotalAttended", "Total Meetings Attended", &mnuPrRptMasters};
+    forms::Menu mnuRptSubZip{*this, "mnuRptSubZip", "Names by Zipcode", &mnuPrRptMasters};
+    forms::Menu mnuPrRptWorkerCode{*this, "mnuPrRptWorkerCode", "Reports by Team", &mnuPrint};
+    forms::Menu mnuPrintAlphaWC{*this, "mnuPrintAlphaWC", "Alphabetical by Team", &mnuPrRptWorkerCode};
+    forms::Menu mnuPrintAttendWC{*this, "mnuPrintAttendWC", "Attendance by Team", &mnuPrRptWorkerCode};
+    forms::Menu mnuTeamMaster{*this, "mnuTeamMaster", "Master List by Teams", &mnuPrRptWorkerCode};
+    forms::Menu mnuPrnTotalAttendedWC{*this, "mnuPrnTotalAttendedWC", "Total Meetings Attended by Team", &mnuPrRptWorkerCode};
+    forms::Menu mnuPrBapt{*this, "mnuPrBapt", "&Baptisms", &mnuPrint};
+    forms::Menu mnuPrintBaptClass{*this, "mnuPrintBaptClass", "Baptismal/ Bible Class List", &mnuPrBapt};
+    forms::Menu mnuPrBaptDate{*this, "mnuPrBaptDate", "Baptism Dates", &mnuPrBapt};
+    forms::Menu mnuSDARpt{*this, "mnuSDARpt", "Church Pref. SDA", &mnuPrBapt};
+    forms::Menu mnuPrDecisions{*this, "mnuPrDecisions", "&Decisions", &mnuPrint};
+    forms::Menu mnuICard{*this, "mnuICard", "&Interest Card Labels", &mnuPrint};
+    forms::Menu mnuPrIntLevel{*this, "mnuPrIntLevel", "&Interest Level", &mnuPrint};
+    forms::Menu mnuPrMailLbl{*this, "mnuPrMailLbl", "&Mail Labels", &mnuPrint};
+    forms::Menu mnuMapCode{*this, "mnuMapCode", "&by Map Code", &mnuPrint};
+    forms::Menu mnuPreCrusade{*this, "mnuPreCrusade", "Pre-Crusade Invitations", &mnuPrint};
+    forms::Menu mnuPrMarked{*this, "mnuPrMarked", "Special Marked Names", &mnuPrint};
+
+    forms::Menu mnuFilterS{*this, "mnuFilterS", "Fi&lters"};
+    forms::Menu mnuAllAlpha{*this, "mnuAllAlpha", "&All Names by Alpha", &mnuFilterS};
+    forms::Menu mnuAlphaCutOffFilter{*this, "mnuAlphaCutOffFilter", "Alpha Cutoff", &mnuFilterS};
+    forms::Menu mnuTeamfilters{*this, "mnuTeamfilters", "Team Code Filters", &mnuFilterS};
+    forms::Menu mnuSelTeamCode{*this, "mnuSelTeamCode", "Selected Team Code", &mnuTeamfilters};
+    forms::Menu mnuWCAlpha{*this, "mnuWCAlpha", "&Team Code Cutoff Missing", &mnuTeamfilters};
+    forms::Menu mnuFilterLine1{*this, "mnuFilterLine1", "-", &mnuFilterS};
+    forms::Menu mnuSpecialAttend{*this, "mnuSpecialAttend", "Special Attendance Filters", &mnuFilterS};
+    forms::Menu mnuAttendFilter{*this, "mnuAttendFilter", "Sorted by &Attendance", &mnuSpecialAttend};
+    forms::Menu mnuFilterSelMtg{*this, "mnuFilterSelMtg", "Attending a Selected Meeting", &mnuSpecialAttend};
+    forms::Menu mnuFilterMissedMtgs{*this, "mnuFilterMissedMtgs", "Missed Last Meetings", &mnuSpecialAttend};
+    forms::Menu mnuTotalAttend{*this, "mnuTotalAttend", "&Total Meetings Attended", &mnuSpecialAttend};
+    forms::Menu mnuAdvFilter{*this, "mnuAdvFilter", "Ad&vertising Filter", &mnuFilterS};
+    forms::Menu mnuAgeFilter{*this, "mnuAgeFilter", "A&ge", &mnuFilterS};
+    forms::Menu mnuBaptisms{*this, "mnuBaptisms", "&Baptisms", &mnuFilterS};
+    forms::Menu mnuBapDate{*this, "mnuBapDate", "Baptism Da&tes", &mnuFilterS};
+    forms::Menu mnuDecisionsFilter{*this, "mnuDecisionsFilter", "Decisions", &mnuFilterS};
+    forms::Menu mnuAddressFilter{*this, "mnuAddressFilter", "Duplicate Addresses", &mnuFilterS};
+    forms::Menu mnuIntLevel{*this, "mnuIntLevel", "&Interest Level", &mnuFilterS};
+    forms::Menu mnuMailList{*this, "mnuMailList", "Mail List Filter", &mnuFilterS};
+    forms::Menu mnuNeedInterview{*this, "mnuNeedInterview", "Need Baptism Interview", &mnuFilterS};
+    forms::Menu mnuNotes{*this, "mnuNotes", "Notes", &mnuFilterS};
+    forms::Menu munPre{*this, "munPre", "&PreCrusade", &mnuFilterS};
+    forms::Menu mnuReligion{*this, "mnuReligion", "&Religion", &mnuFilterS};
+    forms::Menu mnuZips{*this, "mnuZips", "&ZipCodes", &mnuFilterS};
+    forms::Menu mnuMarkLine{*this, "mnuMarkLine", "-", &mnuFilterS};
+    forms::Menu mnuMarked{*this, "mnuMarked", "Marked Names", &mnuFilterS};
+    forms::Menu mnuClearMarks{*this, "mnuClearMarks", "Clear Selection Marks", &mnuFilterS};
+
+    forms::Menu mnuHelp{*this, "mnuHelp", "&Help"};
+    forms::Menu mnuHelpFiles{*this, "mnuHelpFiles", "&Help Files", &mnuHelp};
+    forms::Menu mnuShortcuts{*this, "mnuShortcuts", "View Shortcuts", &mnuHelp};
+    forms::Menu mnuPrintManual{*this, "mnuPrintManual", "Print Vestrel Manual", &mnuHelp};
+    forms::Menu mnuUpdate{*this, "mnuUpdate", "Update Vestrel", &mnuHelp};
+    forms::Menu mnuAbout{*this, "mnuAbout", "&About Vestrel", &mnuHelp};
+
+private:
+    void Layout();
+    void Wire();
+    void ViewEditVisibility();
+    void AddVisibility();
+    void SetTopMenus(bool on);
+    void SetBarButtons(bool on);
+    void Highlight(forms::Control& c);
+    void SetAttendanceCaption();
+    std::set<const forms::Control*> notBuilt_;
+};
+
+// The exact caption line shown above the bar buttons.
+extern const char* const ButtonLabelsText;

@@ -1,0 +1,239 @@
+// The form's own events, add mode's entry and exit, and the plain menu entries.
+#include "edit/EditForm.h"
+#include "platform/vb/Strings.h"
+#include "startup/Crusades.h"
+#include "startup/Lifecycle.h"
+#include "store/Program.h"
+#include "store/Records.h"
+#include "store/Recent.h"
+#include "store/SortIndex.h"
+
+using namespace forms;
+using namespace vb;
+
+void EditForm::Form_Load() {
+    UpdateRecentMenu();
+    if (p.Loaded) Enable(mnuEditMode, false);
+    if (RelPref.ListCount() == 0)
+        for (int i = 1; i <= 14; ++i) RelPref.AddItem(p.ReligionList[i]);
+}
+
+void EditForm::Form_Activate() {
+    if (p.CallerForm != "attendupdate" && p.CallerForm != "Appointment") {
+        for (int i = 0; i <= 8; ++i) {
+            Dec[i].SetCaption(p.DecisionNames[i + 1]);
+            Dec[i].SetValue(vbUnchecked);
+        }
+        mPrCut.SetCaption("Printer Cutoff Point (Meeting " + CStr(p.PrintCutOff) + ")");
+        if (!p.AddMode) {
+            if (FetchCurrentRecord(p)) ShowRecord();
+            OpenRNum = RNum.Text();
+            SetupScreen("");
+        }
+        lblShowButtonLabels.SetVisible(btnExcel.Visible() && p.ShowButtonLabels);
+    }
+    p.CallerForm = "edit";
+}
+
+void EditForm::Form_GotFocus() {
+    if (p.CallerForm != "attendupdate" && p.CallerForm != "Appointment" && !p.AddMode) {
+        if (FetchCurrentRecord(p)) ShowRecord();
+        OpenRNum = RNum.Text();
+        SetupScreen("");
+    }
+    p.CallerForm = "edit";
+}
+
+void EditForm::Form_LostFocus() {
+    p.CallerForm.clear();
+    btnSaveNew.SetVisible(false);
+    btnSaveExit.SetVisible(false);
+    btnCancelNew.SetVisible(false);
+}
+
+void EditForm::Form_Deactivate() { p.CallerForm.clear(); }
+
+void EditForm::Form_Unload(int& Cancel) {
+    if (p.AddMode) btnCancelNew_Click();
+    if (p.ScratchValue == "dontexit") {
+        p.ScratchValue.clear();
+        Cancel = 1;
+        return;
+    }
+    p.ScratchValue.clear();
+    CloseCrusade(p);
+    p.End();
+}
+
+void EditForm::EntInd_GotFocus() {
+    if (!p.ImportMode) SearchBox.SetFocus();
+}
+
+void EditForm::SDAIdent_GotFocus() { SearchBox.SetFocus(); }
+
+void EditForm::mnuEditMode_Click() {
+    if (p.AddMode) {
+        p.AddMode = false;
+        btnSaveNew.SetVisible(false);
+        btnSaveExit.SetVisible(false);
+        btnCancelNew.SetVisible(false);
+        SetBarButtons(true);
+        for (int i = 1; i <= 3; ++i) ChgRec[i].SetVisible(true);
+        lblNextFieldBtn.SetCaption("Right Click for Next Field");
+        SetTopMenus(true);
+        p.CurrentIndex = p.IndexCount;
+        AddedCount = 0;
+        if (FetchCurrentRecord(p)) ShowRecord();
+    }
+    SetupScreen("");
+    Enable(mnuEditMode, false);
+    Enable(mnuAddRecords, true);
+    Frame1.SetForeColor(vbDarkBlue);
+    frameVisit.SetForeColor(vbDarkBlue);
+    for (Control* c : Controls())
+        if (c->kind() == Kind::Label && c != &ReturnToPreviewMsg) c->SetForeColor(vbDarkBlue);
+    ViewEditVisibility();
+    for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(true);
+    SearchBox.SetFocus();
+}
+
+void EditForm::mnuAddRecords_Click() {
+    p.AddMode = true;
+    for (int i = 0; i <= 8; ++i) Dec[i].SetCaption(p.DecisionNames[i + 1]);
+    int meeting = 1;
+    if (p.Loaded) {
+        std::string answer;
+        while (true) {
+            answer = p.ImportMode ? std::string("1")
+                                  : p.host.InputBox("Enter the Meeting Number" + p.CrLf + p.CrLf +
+                                                        "HELPFUL HINT- Remember the F2 Function key will automatically copy the information for that field from the previous record and F3 will copy the essential parts of the entire record.",
+                                                    "Add Names", CStr(p.MeetingNumber));
+            if (!answer.empty()) break;
+            if (p.RecordCount != 0) return;
+        }
+        meeting = static_cast<int>(Val(answer));
+    }
+    if (meeting < 1 || meeting > 40) {
+        p.host.MsgBox("The Meeting number you entered is invalid." + p.CrLf +
+                          "You must select a Meeting Number between 1 and 40",
+                      host::vbCritical);
+        return;
+    }
+    if (meeting > p.MeetingNumber + 1) {
+        int a = p.host.MsgBox("The last meeting was: " + CStr(p.MeetingNumber) + p.CrLf +
+                                  "The next meeting should be Meeting Number: " + CStr(p.MeetingNumber + 1) + p.CrLf +
+                                  "You have entered Meeting Number: " + CStr(meeting) + "." + p.CrLf +
+                                  "Is this what you want to do?",
+                              host::vbYesNo | host::vbQuestion);
+        if (a == host::vbNo) return;
+    }
+    MtgNum.SetText(CStr(meeting));
+    if (meeting > p.MeetingNumber) p.MeetingNumber = meeting;
+    SetBarButtons(false);
+    lblNextFieldBtn.SetCaption("Total Records");
+
+    // The blank card.
+    Enable(mnuEditMode, true);
+    Enable(mnuAddRecords, false);
+    AddNameLabel.SetCaption("Add New Names");
+    AddVisibility();
+    for (Control* c : std::initializer_list<Control*>{&RNum, &FName, &LName, &Address, &City, &State, &Zip, &Phone,
+                                                      &Age, &RelPref, &IntLevel, &Visits, &Notes, &BaptDate, &MapCode,
+                                                      &BirthDate, &txtEmail})
+        c->SetText("");
+    Advertising.SetText(".......");
+    WorkerCode.SetText("00");
+    Decisions.SetText("---------");
+    for (int i = 0; i <= 8; ++i) Dec[i].SetValue(vbUnchecked);
+    Class.SetValue(vbUnchecked);
+    MailList.SetValue(vbUnchecked);
+    p.MasterRec.Decisions = "---------";
+    std::string att(40, '-');
+    att[meeting - 1] = CStr(meeting).back();
+    Attendance.SetText(att);
+    Attend.SetText("1");
+    Last.SetText(CStr(meeting));
+    MailList.SetValue(vbChecked);
+    OpenRNum = RNum.Text();
+    RecordCounter.SetCaption(CStr(p.IndexCount + 1));
+    SetCaption("Vestrel Add Name Screen: " + RTrim(p.CrusadeName) + " Crusade (Meeting # " +
+               CStr(p.MeetingNumber) + ")");
+    RNum.SetFocus();
+}
+
+void EditForm::btnCancelNew_Click() {
+    if (p.RecordCount == 0) {
+        p.host.MsgBox("You must save at least one record to exit the program.", host::vbCritical, "Exit Add mode");
+        return;
+    }
+    if (p.ScratchText == "NoImports") {
+        p.ScratchText.clear();
+    } else {
+        int a = p.host.MsgBox("You are exiting this record without saving it." + p.CrLf + "Is this what you want to do?",
+                              host::vbYesNo | host::vbDefaultButton2, "Exit Add Mode");
+        if (a == host::vbNo) {
+            p.ScratchValue = "dontexit";
+            return;
+        }
+    }
+    if (p.IndexCount == 0) CloseCrusade(p);
+    p.CurrentIndex = p.IndexCount;
+    if (FetchCurrentRecord(p)) ShowRecord();
+    SetupScreen("");
+    mnuEditMode_Click();
+}
+
+void EditForm::mnuInfo_Click() {
+    long a = 0, b = 0, c = 0, g = 0, mail = 0;
+    for (long i = 1; i <= p.RecordCount; ++i) {
+        GetRecord(p, i);
+        const std::string& lvl = p.MasterRec.IntLevel;
+        if (lvl == "A") ++a;
+        else if (lvl == "B") ++b;
+        else if (lvl == "C") ++c;
+        else if (lvl == "G") ++g;
+        if (p.MasterRec.MailList != 0) ++mail;
+    }
+    if (p.RecordPos < 1) p.RecordPos = 1;
+    if (FetchCurrentRecord(p)) ShowRecord();
+    const std::string& nl = p.CrLf;
+    p.host.MsgBox(p.CrusadeName + nl + p.DataFile + nl + "Mail List-------- " + CStr(mail) + nl + nl +
+                      "Interest Level A: " + CStr(a) + nl + "Interest Level B: " + CStr(b) + nl +
+                      "Interest Level C: " + CStr(c) + nl + "Total Baptized--- " + CStr(g),
+                  host::vbOKOnly, "File Information");
+}
+
+void EditForm::mnuHelpFiles_Click() { p.host.ShowHelp(p.AppPath + "/help/index.html", 3, 0); }
+
+void EditForm::mnuShortcuts_Click() { p.host.ShowHelp(p.AppPath + "/help/shortcuts.html", 1, 340); }
+
+void EditForm::mnuPrintManual_Click() {
+    int result = p.host.OpenDocument(p.AppPath + "/Vestrel Manual.doc");
+    if (result == 1)
+        p.host.MsgBox("Microsoft Word was not found on this computer.  You must install MS Word in order to run this option.");
+    else if (result == 2)
+        p.host.MsgBox("Vestrel Manual.doc was not found." + p.CrLf +
+                      "Please copy the file to the " + p.AppPath + " folder and try again");
+}
+
+void EditForm::mnuAbout_Click() {
+    const std::string& nl = p.CrLf;
+    p.host.MsgBox("Version " + CStr(VersionMajor) + "." + CStr(VersionMinor) + "  Release " + CStr(VersionRevision) +
+                  nl + "Vestrel" + nl + "Crusade records, attendance and reports" + nl +
+                  "Copyright the Vestrel developers");
+}
+
+void EditForm::mnuExit_Click() { Unload(); }
+
+void EditForm::UpdateRecentMenu() { ::UpdateRecentMenu(p); }
+
+void EditForm::mnuRecentFile_Click(int Index) {
+    p.ScratchValue = mnuRecentFile[Index].Caption();
+    p.ScratchText = "skipDialog";
+    mnuChgCr_Click();
+    ::UpdateRecentMenu(p);
+}
+
+void EditForm::mnuChgCr_Click() { ChangeCrusade(p); }
+
+void EditForm::mnuNewCr_Click() { ChangeCrusade(p); }

@@ -1,0 +1,198 @@
+#include "startup/Crusades.h"
+
+#include "edit/EditForm.h"
+#include "platform/vb/Error.h"
+#include "platform/vb/Strings.h"
+#include "startup/Lifecycle.h"
+#include "startup/frmSplash.h"
+#include "store/Info.h"
+#include "store/Members.h"
+#include "store/Program.h"
+#include "store/Recent.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
+
+using namespace vb;
+
+namespace {
+
+const char* const CrusadeFilter = "Crusade Files (*.dta)|*.dta|Crusade Files";
+
+struct Busy {
+    host::Host& h;
+    explicit Busy(host::Host& host) : h(host) { h.SetBusy(true); }
+    ~Busy() { h.SetBusy(false); }
+};
+
+std::string NameFromPath(const std::string& path) {
+    std::string file = FileNameOf(path);
+    return Left(file, static_cast<long>(file.size()) - 4);
+}
+
+// A name typed without the extension still makes a crusade set.
+std::string WithExtension(std::string path) {
+    if (StrCompText(Right(path, 4), ".dta") != 0) path += ".dta";
+    return path;
+}
+
+void ResetForNew(Program& p, const std::string& path) {
+    p.CrusadeName = NameFromPath(path);
+    p.CrusadeDate = FormatDate(p.host.Now(), "Short Date");
+    p.DataFile = path;
+    p.DataFolder = FolderOf(path);
+    p.NumberDirection = "DOWN";
+    p.LastRNum = 9999;
+    p.BackupPath.clear();
+}
+
+void ClearCounters(Program& p) {
+    p.SortName = "unsorted";
+    p.SortIndex.assign(1, "unsorted");
+    p.IndexCount = 0;
+    p.CurrentIndex = 0;
+    p.ZipCount = 0;
+    p.MemberCount = 0;
+    p.MemberList.assign(1, std::string());
+    p.RecordCount = 0;
+}
+
+// Reads the lists of a prior meeting's information file; false when the file is missing.
+bool ImportPriorLists(Program& p, const std::string& chosen) {
+    return ReadPriorLists(p, Left(chosen, static_cast<long>(chosen.size()) - 3) + "inf");
+}
+
+}  // namespace
+
+void SelectCrusade(Program& p) {
+    host::FileDialog d;
+    d.DialogTitle = std::string(AppTitle) + ": Create a New Crusade or Select an Existing Crusade";
+    d.Filter = CrusadeFilter;
+    d.FilterIndex = 1;
+    d.HideReadOnly = true;
+    d.InitDir = p.DataPath();
+    if (!p.host.ShowOpen(d) || d.FileName.empty()) {
+        p.ScratchText = "NoFileSelected";
+        return;
+    }
+    std::string path = WithExtension(d.FileName);
+    if (FileExists(path)) {
+        p.File1.Close();
+        Busy busy(p.host);
+        p.DataFile = path;
+        p.DataFolder = FolderOf(path);
+        LoadInfo(p);
+        OpenRecordFile(p);
+        frmSplash& s = p.Splash();
+        s.lblLastCrusadeName.SetCaption("Loading " + p.CrusadeName);
+        s.lblLastCrusadeName.SetVisible(true);
+        s.Refresh();
+        FullLoad(p);
+        LoadZips(p);
+        LoadMembers(p);
+        p.Loaded = true;
+        SaveSettings(p);
+        p.ScratchText = "oldfileselected";
+        return;
+    }
+    // A new crusade.
+    if (p.Loaded) {
+        CloseCrusade(p);
+        p.Loaded = false;
+    }
+    ResetForNew(p, path);
+    SaveSettings(p);
+    int a = p.host.MsgBox("You can choose to use the Infomation settings from a prior meeting for:" + p.CrLf + p.CrLf +
+                              "Decisions, Churches, Sermons and etc." + p.CrLf + p.CrLf +
+                              "Or you can choose to use the default settings." + p.CrLf + p.CrLf +
+                              "Would you like to import the information from a prior meeting?",
+                          host::vbYesNo, "Select Preferences Option");
+    if (a == host::vbNo) {
+        DefaultLists(p);
+    } else {
+        host::FileDialog prior;
+        prior.DialogTitle = std::string(AppTitle) + ": Create a New Crusade or Select an Existing Crusade";
+        prior.Filter = "Crusade Files (*.inf)|*.inf|Crusade Files";
+        prior.HideReadOnly = true;
+        prior.InitDir = p.DataPath();
+        prior.MustExist = true;
+        if (!p.host.ShowOpen(prior) || prior.FileName.empty()) {
+            DefaultLists(p);
+        } else if (!ImportPriorLists(p, prior.FileName)) {
+            DefaultLists(p);
+            return;
+        }
+    }
+    p.MeetingNumber = 1;
+    p.FilterTotalAttend = 1;
+    p.PrintCutOff = 0;
+    SaveInfo(p);
+    ClearCounters(p);
+    OpenRecordFile(p);
+    p.AddMode = true;
+    if (p.ReligionList[1].empty()) DefaultLists(p);
+    p.IsNewFile = true;
+    p.ScratchText = "newfile";
+}
+
+void ChangeCrusade(Program& p) {
+    EditForm& f = p.Edit();
+    std::string path;
+    if (p.ScratchText == "skipDialog") {
+        p.ScratchText.clear();
+        path = p.ScratchValue;
+        p.ScratchValue.clear();
+    } else {
+        host::FileDialog d;
+        d.DialogTitle = "Create a New Crusade or Select an Existing Crusade";
+        d.Filter = CrusadeFilter;
+        d.FileName = p.DataFile;
+        d.InitDir = p.DataPath();
+        d.HideReadOnly = true;
+        if (!p.host.ShowOpen(d) || d.FileName.empty()) {
+            p.ScratchValue = "cancel";
+            return;
+        }
+        path = WithExtension(d.FileName);
+    }
+    if (FileExists(path)) {
+        Busy busy(p.host);
+        p.File1.Close();
+        CloseCrusade(p);
+        p.DataFile = path;
+        p.DataFolder = FolderOf(path);
+        LoadInfo(p);
+        OpenRecordFile(p);
+        LoadZips(p);
+        LoadMembers(p);
+        p.Loaded = true;
+        FullLoad(p);
+        SaveSettings(p);
+        f.Show();
+        if (FetchCurrentRecord(p)) f.ShowRecord();
+        f.SetupScreen("");
+        RememberFile(p, p.DataFile);
+        f.ShowAll.SetVisible(false);
+        f.Enable(f.mnuEdit, true);
+        p.host.MsgBox(p.CrusadeName + " Has been loaded successfully.");
+        return;
+    }
+    int a = p.host.MsgBox("The file " + path + " does not exist.  Would you like to create a new file with this name?",
+                          host::vbYesNo, "Change Crusade");
+    if (a != host::vbYes) return;
+    p.File1.Close();
+    CloseCrusade(p);
+    ResetForNew(p, path);
+    SaveSettings(p);
+    p.MeetingNumber = 1;
+    f.MtgNum.SetText("1");
+    p.FilterTotalAttend = 1;
+    p.PrintCutOff = 0;
+    SaveInfo(p);
+    ClearCounters(p);
+    OpenRecordFile(p);
+    p.Loaded = false;
+    p.IsNewFile = true;
+    f.mnuAddRecords_Click();
+    f.ShowAll.SetVisible(false);
+    f.Enable(f.mnuEdit, true);
+}

@@ -1,0 +1,116 @@
+#include "startup/Lifecycle.h"
+
+#include "edit/EditForm.h"
+#include "platform/vb/Error.h"
+#include "platform/vb/Strings.h"
+#include "startup/frmSplash.h"
+#include "store/Info.h"
+#include "store/Members.h"
+#include "store/Program.h"
+
+using namespace vb;
+
+namespace {
+
+template <class F>
+void IgnoringErrors(F f) {
+    try {
+        f();
+    } catch (const RuntimeError&) {
+    }
+}
+
+bool FolderExistsNoCase(const std::string& path) {
+    if (DirExists(path)) return true;
+    for (const std::string& d : Dir(JoinPath(FolderOf(path), "*")))
+        if (StrCompText(FileNameOf(d), FileNameOf(path)) == 0 && DirExists(d)) return true;
+    return false;
+}
+
+}  // namespace
+
+void Main(Program& p) {
+    IgnoringErrors([&] { ChDir(p.AppPath); });
+    p.CurrentFolder = p.AppPath;
+    std::string temp = p.AppPath + "/temp";
+    if (DirExists(temp) && !Dir(temp + "/*.*").empty()) {
+        // Remnants of an old installation.
+        IgnoringErrors([&] { Kill(temp + "/*.*"); });
+        IgnoringErrors([&] { RmDir(temp); });
+        IgnoringErrors([&] { MkDir(p.DataPath()); });
+    }
+    if (!FolderExistsNoCase(p.DataPath())) {
+        IgnoringErrors([&] { MkDir(p.DataPath()); });
+        if (p.OnDataFolderCreated && DirExists(p.DataPath())) p.OnDataFolderCreated(p);
+        p.host.MsgBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder." + p.CrLf +
+                      "It is recommended that you use this folder for all of your crusade files.");
+    }
+    std::vector<std::string> leftovers = Dir(p.AppPath + "/*.??_");
+    if (!leftovers.empty()) {
+        for (const std::string& f : leftovers) IgnoringErrors([&] { Kill(f); });
+        IgnoringErrors([&] { Kill(p.AppPath + "/setup.exe"); });
+    }
+    p.StartUp = true;
+    p.Splash().Show(true);
+    p.Edit().Show();
+}
+
+void LoadSettings(Program& p) {
+    try {
+        TextReader in(p.SettingsPath());
+        p.DataFile = in.InputString();
+        in.InputString();   // "Available"
+        p.ShowButtonLabels = in.InputLong() != 0;
+        p.LabelTop = in.InputLong();
+        p.LabelRight = in.InputLong();
+    } catch (const RuntimeError&) {
+        // A short or missing file loads what it can.
+    }
+    if (!p.DataFile.empty() && FileExists(p.DataFile)) {
+        p.DataFolder = FolderOf(p.DataFile);
+        IgnoringErrors([&] { ChDir(p.DataFolder); });
+        p.CurrentFolder = p.DataFolder;
+    } else {
+        p.DataFile.clear();
+        p.DataFolder.clear();
+    }
+}
+
+void SaveSettings(Program& p) {
+    IgnoringErrors([&] { ChDir(p.AppPath); });
+    TextWriter w;
+    try {
+        w.Open(p.SettingsPath(), TextWriter::Mode::Output, true);
+        w.PrintLine(p.DataFile);
+        w.PrintLine("Available");
+        w.PrintLine(p.ShowButtonLabels ? -1L : 0L);
+        w.PrintLine(p.LabelTop);
+        w.PrintLine(p.LabelRight);
+        w.Close();
+    } catch (const RuntimeError& e) {
+        w.Abandon();
+        p.host.MsgBox("The settings file could not be written:" + p.CrLf + p.SettingsPath() + p.CrLf +
+                          "Error # " + CStr(e.Number) + ": " + e.Description(),
+                      host::vbExclamation, "File Error");
+    }
+}
+
+void CloseCrusade(Program& p) {
+    p.File1.Close();
+    if (p.IndexCount == 0 && p.IsNewFile) {
+        p.host.MsgBox("There are no records in the file." + p.CrLf +
+                          "This file will be deleted and you must start over with another new file next time you start Vestrel",
+                      host::vbCritical, "Exit Vestrel");
+        IgnoringErrors([&] { Kill(p.DataFile); });
+        IgnoringErrors([&] { Kill(p.CrusadeFile("*")); });
+        IgnoringErrors([&] { ChDir(p.AppPath); });
+        IgnoringErrors([&] { Kill(p.SettingsPath()); });
+        p.End();
+    }
+    if (p.Loaded) {
+        SaveSettings(p);
+        SaveInfo(p);
+        if (p.MemberCount > 0) SaveMembers(p);
+        SaveZips(p);
+    }
+}

@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include "edit/EditForm.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
+#include "support/TestCrusade.h"
+
+using namespace forms;
+
+namespace {
+// Ten people in three letter groups: A (3), B (4), C (3).
+struct EditFixture {
+    TestCrusade c;
+    EditForm* e = nullptr;
+    EditFixture() {
+        std::vector<MasterRecord> recs;
+        const char* names[] = {"Adams", "Allen", "Avery", "Baker", "Bell", "Brown", "Burke", "Cole", "Cruz", "Cyr"};
+        for (int i = 0; i < 10; ++i) recs.push_back(MakePerson(std::to_string(9990 + i), "Pat", names[i], "1"));
+        c.WriteRecords(recs);
+        c.p.Loaded = true;
+        c.Open();
+        c.p.CrusadeName = "Fall";
+        c.p.SoundOn = true;
+        e = &c.p.Edit();
+        c.host.sounds.clear();
+    }
+    std::vector<Control*> Highlighted() {
+        std::vector<Control*> out;
+        for (Control* ctl : e->Controls())
+            if (ctl->BackColor() == HighlightColor) out.push_back(ctl);
+        return out;
+    }
+};
+}  // namespace
+
+TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
+    EditFixture f;
+    Program& p = f.c.p;
+    EditForm& e = *f.e;
+    p.PrintCutOff = 0;
+    p.FilterTotalAttend = 4;
+    p.DecisionNames[3] = "Keep Sabbath";
+    p.TeamNames[7] = "Jones:555-0101";
+    struct Row { std::string sortName, label; std::vector<Control*> lit; };
+    std::vector<Row> rows = {
+        {"age", "given", {&e.Age}},
+        {"Advertising", "given", {&e.Advertising}},
+        {"alpha", "All Names Sorted Alphabetially", {}},
+        {"alphafilter", "Alphabetical List\r\nAll Names", {}},
+        {"wcalpha", "Team Codes\r\nAll Names", {&e.WorkerCode, &e.Last}},
+        {"interest", "Priority List", {&e.IntLevel}},
+        {"baptism", "Baptisms List", {&e.IntLevel}},
+        {"date", "Baptism Dates", {&e.BaptDate}},
+        {"FutureBapDateSet", "Future Baptism Dates Set", {&e.BaptDate}},
+        {"attend", "Attendance \r\nLast Mtg >0", {&e.Attendance, &e.Last}},
+        {"zip", "Zip Code Filter", {&e.Zip}},
+        {"religion", "Religion\r\nLast Mtg >0", {}},
+        {"attendnight12", "Attendance for \r\nMtg: 12", {&e.Last}},
+        {"mail", "Mail List", {}},
+        {"DupAddress", "Duplicate\r\nAddresses", {&e.Address}},
+        {"NDupAddress", "Dup Address\r\nDifferent Name", {&e.LName, &e.Address}},
+        {"TDupAddress", "Duplicate Address\r\nDifferent Team", {&e.Address, &e.WorkerCode}},
+        {"CleanMailList", "Clean up Mail List", {&e.Address, &e.WorkerCode}},
+        {"PreCrusade", "Pre-Crusade\r\nGuests", {}},
+        {"marked", "Marked Names", {&e.chkMarkToVisit}},
+        {"SelWCAttend07", "Team Code: 07\r\nJones", {&e.WorkerCode, &e.Attendance}},
+        {"TotalAttend", "Total Meetings\r\nAttended =4", {&e.Attendance}},
+        {"wcattend", "given", {&e.WorkerCode, &e.Attendance}},
+        {"decisions3", "Decision:\r\nKeep Sabbath", {&e.Dec[2]}},
+        {"missednight 3", "Missed \r\n3 night(s).", {}},
+        {"", "", {}},
+        {"notes", "given", {&e.Notes}},
+        {"somethingelse", "given", {}},
+    };
+    for (const Row& r : rows) {
+        p.SortName = r.sortName;
+        e.SetupScreen("given");
+        EXPECT_EQ(r.label, e.EditLabel.Caption()) << r.sortName;
+        std::vector<Control*> lit = f.Highlighted();
+        std::vector<Control*> want = r.lit;
+        auto byAddr = [](Control* a, Control* b) { return a < b; };
+        std::sort(lit.begin(), lit.end(), byAddr);
+        std::sort(want.begin(), want.end(), byAddr);
+        EXPECT_EQ(want, lit) << r.sortName;
+    }
+    p.PrintCutOff = 5;
+    p.SortName = "alphafilter";
+    e.SetupScreen("");
+    EXPECT_EQ("Alphabetical List\r\nLast Mtg >5", e.EditLabel.Caption());
+    EXPECT_EQ("1 of 10", e.RecordCounter.Caption());
+    EXPECT_EQ("Vestrel Edit Screen: Fall Crusade (Meeting # 1)", e.Caption());
+}
+
+TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
+    EditFixture f;
+    Program& p = f.c.p;
+    EditForm& e = *f.e;
+    auto rightClick = [&](int index) { e.ChgRec_MouseUp(index, vbRightButton, 0, 0, 0); };
+    p.CurrentIndex = 1;
+    rightClick(2);   // from the A group to the first B
+    EXPECT_EQ(4, p.CurrentIndex);
+    EXPECT_EQ("Baker", e.LName.Text());
+    rightClick(2);   // on to the first C
+    EXPECT_EQ(8, p.CurrentIndex);
+    EXPECT_EQ(0u, f.c.host.sounds.size());
+    rightClick(2);   // inside the last group the walk ends on the last entry: refused
+    EXPECT_EQ(8, p.CurrentIndex);
+    EXPECT_EQ(1u, f.c.host.sounds.size());
+    p.CurrentIndex = 7;
+    rightClick(1);   // back from Burke to the last of the A group
+    EXPECT_EQ(3, p.CurrentIndex);
+    rightClick(1);   // the walk ends on 1: refused
+    EXPECT_EQ(3, p.CurrentIndex);
+    EXPECT_EQ(2u, f.c.host.sounds.size());
+    e.ChgRec_MouseUp(2, vbLeftButton, 0, 0, 0);   // only the right button jumps
+    EXPECT_EQ(3, p.CurrentIndex);
+    // A list kind without groups does not move.
+    p.SortName = "notes";
+    rightClick(2);
+    EXPECT_EQ(3, p.CurrentIndex);
+}
+
+TEST(EditScreen, WalkingMarkingAndGoingBack) {
+    EditFixture f;
+    Program& p = f.c.p;
+    EditForm& e = *f.e;
+    e.ChgRec_Click(0);
+    e.ChgRec_Click(1);   // before the first: refused, same person
+    EXPECT_EQ("Adams", e.LName.Text());
+    EXPECT_EQ(1u, f.c.host.sounds.size());
+    e.ChgRec_Click(3);
+    EXPECT_EQ("Cyr", e.LName.Text());
+    e.ChgRec_Click(1);
+    e.btnMark_Click();
+    EXPECT_EQ("Cruz", e.FndNameBx.Caption());
+    e.mnuPreviousRec_Click();
+    e.ChgRec_Click(0);
+    e.btnGoTo_Click();
+    EXPECT_EQ("Cruz", e.LName.Text());
+    EXPECT_EQ(9, p.CurrentIndex);
+    // The "dontexit" word stops one move and is used up.
+    p.ScratchValue = "dontexit";
+    e.ChgRec_Click(0);
+    EXPECT_EQ("Cruz", e.LName.Text());
+    EXPECT_EQ("", p.ScratchValue);
+}
+
+TEST(EditScreen, ShowRecordColoursAndTheUndoCopy) {
+    EditFixture f;
+    Program& p = f.c.p;
+    EditForm& e = *f.e;
+    p.MasterRec.Address = "PO Box 12";
+    p.MasterRec.Phone = "Unknown";
+    p.MasterRec.IntLevel = "G";
+    p.MasterRec.Decisions = "C-K------";
+    p.MasterRec.BaptDate = "12:00AM";
+    e.ShowRecord();
+    EXPECT_EQ(vbRed, e.Address.ForeColor());
+    EXPECT_TRUE(e.Address.FontBold());
+    EXPECT_EQ(vbRed, e.Phone.ForeColor());
+    EXPECT_EQ(vbChecked, e.Baptized.Value());
+    EXPECT_EQ(vbChecked, e.Dec[0].Value());
+    EXPECT_EQ(vbUnchecked, e.Dec[1].Value());
+    EXPECT_EQ(vbChecked, e.Dec[2].Value());
+    EXPECT_EQ("", e.BaptDate.Text());
+    EXPECT_EQ(p.MasterRec, p.UndoRec);
+    p.MasterRec.Address = "Address Unknown";
+    p.MasterRec.Phone = "555-0100";
+    e.ShowRecord();
+    EXPECT_TRUE(e.Address.FontBold());
+    EXPECT_FALSE(e.Phone.FontBold());
+    p.MasterRec.Address = "1 Main St";
+    e.ShowRecord();
+    EXPECT_FALSE(e.Address.FontBold());
+    EXPECT_EQ(vbWindowText, e.Address.ForeColor());
+}
+
+TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
+    EditFixture f;
+    Program& p = f.c.p;
+    EditForm& e = *f.e;
+    MasterRecord g = f.c.ReadRecord(2);
+    g.IntLevel = "G";
+    p.MasterRec = g;
+    PutRecord(p, 2);
+    f.c.host.ExpectBox("Fall\r\n" + p.DataFile + "\r\nMail List-------- 10\r\n\r\nInterest Level A: 0\r\n"
+                       "Interest Level B: 0\r\nInterest Level C: 0\r\nTotal Baptized--- 1",
+                       host::vbOK, "File Information");
+    e.mnuInfo_Click();
+    f.c.host.Verify();
+    p.IndexCount = 0;
+    f.c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
+                       "You must add one more names to this filter or file before using this feature.");
+    e.btnViewFile_Click();
+    f.c.host.Verify();
+}

@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "platform/vb/Files.h"
+#include "platform/vb/Strings.h"
+#include "store/Info.h"
+#include "support/TestCrusade.h"
+
+namespace {
+// An old record: the fields up to BaptDate with 100-byte notes, then the old tail.
+std::string OldRecord(int length, const std::string& rnum, const std::string& last) {
+    std::string r;
+    auto text = [&](const std::string& s, std::size_t w) { r += vb::Fixed(s, w); };
+    auto int16 = [&](int v) { r += static_cast<char>(v & 0xFF); r += static_cast<char>((v >> 8) & 0xFF); };
+    text(rnum, 4); text("Ann", 20); text(last, 20); text("1 Elm St", 30); text("Salem", 20); text("OR", 2);
+    text("97301", 10); text("555-0199", 12); text("40-49", 10); text("X......", 20); text("Lutheran", 20);
+    text("B", 1); text("LV", 12); text("05", 2); text(std::string(100, 'n'), 100); text("12-", 40); text("2", 2);
+    int16(2); int16(-1); text("C--------", 12); int16(-1); text("M12", 8); text("01/02/99", 8);
+    if (length == 371) { int16(-1); text("3/4/50", 8); int16(-1); }
+    else { int16(-1); text("ignored!", 8); }
+    return r;
+}
+
+void OldInfo(TestCrusade& c, const std::string& versionLine) {
+    c.WriteFile(c.p.CrusadeFile("inf"), "Old\r\n1/1/1998\r\n 2\r\n 9990 \r\nDOWN\r\n\r\n 1 \r\n 0 \r\n" +
+                                            versionLine + (versionLine.empty() ? "" : "\r\n"));
+}
+}  // namespace
+
+TEST(Conversion, A371ByteFileBecomesTheCurrentFormKeepingABak) {
+    TestCrusade c;
+    c.WriteFile(c.dataFile, OldRecord(371, "9999", "Olds") + OldRecord(371, "9998", "Older"));
+    OldInfo(c, "");   // no version line: version 0, the 371 path
+    c.host.ExpectBox("This file was created with an older version of Vestrel", host::vbOK, "Vestrel 95: Old Database",
+                     host::vbOKCancel | host::vbCritical)
+        .ExpectBox("Conversion Complete.");
+    LoadInfo(c.p);
+    c.host.Verify();
+    ASSERT_EQ(2, c.RecordsOnDisk());
+    EXPECT_EQ(742, vb::FileLen(c.p.CrusadeFile("bak")));
+    MasterRecord r = c.ReadRecord(2);
+    EXPECT_EQ("9998", r.RNum.str());
+    EXPECT_EQ("Older", vb::RTrim(r.LName));
+    EXPECT_EQ("Lutheran", vb::RTrim(r.RelPref));
+    EXPECT_EQ(std::string(100, 'n') + std::string(50, ' '), r.Notes.str());
+    EXPECT_EQ("12-", vb::RTrim(r.Attendance));
+    EXPECT_EQ(2, r.Last);
+    EXPECT_EQ(-1, r.MailList);
+    EXPECT_EQ(-1, r.Class);
+    EXPECT_EQ("01/02/99", r.BaptDate.str());
+    EXPECT_EQ(0, r.IntFlag);
+    EXPECT_EQ(std::string(8, ' '), r.BirthDate.str());
+    EXPECT_EQ(0, r.MarkToVisit);
+    EXPECT_EQ(std::string(40, ' '), r.Email.str());
+    // The version line is current now: no second question.
+    LoadInfo(c.p);
+    EXPECT_NE(std::string::npos, c.ReadFile(c.p.CrusadeFile("inf")).find("version 2.5.0"));
+}
+
+TEST(Conversion, A369ByteFileKeepsItsCardFlag) {
+    TestCrusade c;
+    c.WriteFile(c.dataFile, OldRecord(369, "9999", "Olds"));
+    // The number 2.5 passes the first test; the text sorts below "version 2.2.0".
+    OldInfo(c, "Version 2.5.0");
+    c.p.MasterRec.BirthDate = "7/7/77";
+    c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete. ");
+    LoadInfo(c.p);
+    c.host.Verify();
+    MasterRecord r = c.ReadRecord(1);
+    EXPECT_EQ("Olds", vb::RTrim(r.LName));
+    EXPECT_EQ(-1, r.IntFlag);
+    EXPECT_EQ("7/7/77", vb::RTrim(r.BirthDate));   // what the buffer held
+    EXPECT_EQ(0, r.MarkToVisit);
+    EXPECT_EQ(369, vb::FileLen(c.p.CrusadeFile("bak")));
+}
+
+TEST(Conversion, AFileThatPlainlyIsNotOldIsLeftAlone) {
+    TestCrusade c;
+    c.WriteRecords({MakePerson("9998", "A", "Able")});
+    std::string before = c.ReadFile(c.dataFile);
+    OldInfo(c, "");
+    c.host.ExpectBox("was not converted", host::vbOK, "Vestrel 95: Old Database");
+    LoadInfo(c.p);
+    c.host.Verify();
+    EXPECT_EQ(before, c.ReadFile(c.dataFile));
+    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("bak")));
+}
+
+TEST(Conversion, AnExistingBakLeavesTheOldFileInPlace) {
+    TestCrusade c;
+    std::string old = OldRecord(371, "9999", "Olds");
+    c.WriteFile(c.dataFile, old);
+    c.WriteFile(c.p.CrusadeFile("bak"), "already here");
+    OldInfo(c, "");
+    c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete.");
+    LoadInfo(c.p);
+    EXPECT_EQ(old, c.ReadFile(c.dataFile));
+    EXPECT_EQ("already here", c.ReadFile(c.p.CrusadeFile("bak")));
+    EXPECT_TRUE(vb::FileExists(c.appPath + "/data/TempConvert.dta"));
+}
+
+TEST(Conversion, CancelEndsTheProgram) {
+    TestCrusade c;
+    c.WriteFile(c.dataFile, OldRecord(371, "9999", "Olds"));
+    OldInfo(c, "");
+    c.host.ExpectBox("older version", host::vbCancel);
+    EXPECT_THROW(LoadInfo(c.p), host::EndProgram);
+}

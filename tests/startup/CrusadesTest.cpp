@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include "edit/EditForm.h"
+#include "platform/vb/Files.h"
+#include "platform/vb/Strings.h"
+#include "startup/Crusades.h"
+#include "startup/Lifecycle.h"
+#include "startup/frmSplash.h"
+#include "store/Info.h"
+#include "store/Members.h"
+#include "store/Recent.h"
+#include "support/TestCrusade.h"
+
+TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
+    for (bool usePrior : {false, true}) {
+        TestCrusade c("Old");
+        c.p.TeamNames[3] = "Prior team:555";
+        c.p.ReligionList[2] = "Prior church";
+        c.p.MeetingNumber = 9;
+        SaveInfo(c.p);
+        c.p.TeamNames[3] = "Team #  3";
+        c.p.ReligionList[2] = "Baptist";
+
+        std::string fresh = c.appPath + "/data/Fresh.dta";
+        c.host.ExpectOpen("Create a New Crusade or Select an Existing Crusade", fresh);
+        c.host.ExpectBox("Would you like to import the information from a prior meeting?",
+                         usePrior ? host::vbYes : host::vbNo, "Select Preferences Option", host::vbYesNo);
+        if (usePrior) c.host.ExpectOpen("Create a New Crusade", c.p.CrusadeFile("inf"));
+        SelectCrusade(c.p);
+        c.host.Verify();
+        EXPECT_EQ("newfile", c.p.ScratchText);
+        EXPECT_TRUE(c.p.IsNewFile);
+        EXPECT_TRUE(c.p.AddMode);
+        EXPECT_EQ("Fresh", c.p.CrusadeName);
+        EXPECT_EQ(fresh, c.p.DataFile);
+        EXPECT_EQ(1, c.p.MeetingNumber);
+        EXPECT_EQ(9999, c.p.LastRNum);
+        EXPECT_TRUE(vb::FileExists(fresh));
+        EXPECT_EQ(usePrior ? "Prior team:555" : "Team #  3", c.p.TeamNames[3]);
+        EXPECT_EQ(usePrior ? "Prior church" : "Baptist", c.p.ReligionList[2]);
+        Program q(c.host, c.appPath);
+        q.DataFile = fresh;
+        LoadInfo(q);
+        EXPECT_EQ("Fresh", q.CrusadeName);
+        EXPECT_EQ(usePrior ? "Prior team:555" : "Team #  3", q.TeamNames[3]);
+        // The settings file names the new crusade.
+        EXPECT_EQ(0u, c.ReadFile(c.appPath + "/Vestrel.ini").find(fresh + "\r\n"));
+        c.p.File1.Close();
+    }
+}
+
+TEST(Crusades, APriorMeetingWithoutItsFileStopsTheLoad) {
+    TestCrusade c;
+    c.host.ExpectOpen("Create a New Crusade", c.appPath + "/data/New.dta")
+        .ExpectBox("prior meeting?", host::vbYes)
+        .ExpectOpen("Create a New Crusade", c.appPath + "/data/Missing.inf");
+    c.p.MeetingNumber = 5;
+    SelectCrusade(c.p);
+    c.host.Verify();
+    EXPECT_FALSE(c.p.IsNewFile);
+    EXPECT_EQ(5, c.p.MeetingNumber);
+    EXPECT_FALSE(vb::FileExists(c.appPath + "/data/New.inf"));
+}
+
+TEST(Crusades, CancelInTheSplashDialogSelectsNothing) {
+    TestCrusade c;
+    c.host.ExpectOpen("Create a New Crusade", "");
+    SelectCrusade(c.p);
+    EXPECT_EQ("NoFileSelected", c.p.ScratchText);
+}
+
+TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
+    TestCrusade c("First");
+    c.WriteRecords({MakePerson("9998", "Ann", "First")});
+    c.p.CrusadeName = "First";
+    c.p.Loaded = true;
+    c.Open();
+    TestCrusade other("Second");
+    other.WriteRecords({MakePerson("9998", "Bob", "Second"), MakePerson("9997", "Cy", "Secondly")});
+    std::string second = other.dataFile;
+    EditForm& e = c.p.Edit();
+
+    c.host.ExpectOpen("Create a New Crusade or Select an Existing Crusade", second)
+        .ExpectBox("Second Has been loaded successfully.");
+    e.mnuChgCr_Click();
+    c.host.Verify();
+    EXPECT_EQ(second, c.p.DataFile);
+    EXPECT_EQ("Second", e.LName.Text());
+    EXPECT_EQ(2, c.p.IndexCount);
+    // The first crusade was closed properly: its information file is there.
+    EXPECT_TRUE(vb::FileExists(c.appPath + "/data/First.inf"));
+    ASSERT_TRUE(e.mnuRecentFile[1].Visible());
+    EXPECT_EQ(second, e.mnuRecentFile[1].Caption());
+    EXPECT_TRUE(e.mnuRecentFile[0].Visible());
+
+    // Back through the menu's dialog, then to the second through the recent file.
+    c.host.ExpectOpen("Create a New Crusade", c.dataFile).ExpectBox("First Has been loaded successfully.");
+    e.mnuChgCr_Click();
+    EXPECT_EQ(c.dataFile, e.mnuRecentFile[1].Caption());
+    EXPECT_EQ(second, e.mnuRecentFile[2].Caption());
+    c.host.ExpectBox("Second Has been loaded successfully.");
+    e.mnuRecentFile_Click(2);
+    c.host.Verify();
+    EXPECT_EQ(second, c.p.DataFile);
+    // Already in the menu: not reordered.
+    EXPECT_EQ(c.dataFile, e.mnuRecentFile[1].Caption());
+    EXPECT_EQ(second, e.mnuRecentFile[2].Caption());
+    c.p.File1.Close();
+}
+
+TEST(Crusades, ANameThatDoesNotExistAsksAndCreatesKeepingTheLists) {
+    TestCrusade c("First");
+    c.WriteRecords({MakePerson("9998", "Ann", "First")});
+    c.p.Loaded = true;
+    c.Open();
+    c.p.TeamNames[2] = "Kept:1";
+    EditForm& e = c.p.Edit();
+    std::string fresh = c.appPath + "/data/Brand.dta";
+    c.host.ExpectOpen("Create a New Crusade", fresh)
+        .ExpectBox("The file " + fresh + " does not exist.  Would you like to create a new file with this name?",
+                   host::vbNo, "Change Crusade", host::vbYesNo);
+    e.mnuChgCr_Click();
+    EXPECT_EQ(c.dataFile, c.p.DataFile);
+    c.host.ExpectOpen("Create a New Crusade", fresh).ExpectBox("does not exist", host::vbYes);
+    e.mnuChgCr_Click();
+    c.host.Verify();
+    EXPECT_EQ(fresh, c.p.DataFile);
+    EXPECT_EQ("Brand", c.p.CrusadeName);
+    EXPECT_EQ("Kept:1", c.p.TeamNames[2]);
+    EXPECT_TRUE(c.p.AddMode);
+    EXPECT_EQ("1", e.MtgNum.Text());
+    EXPECT_TRUE(vb::FileExists(fresh));
+    c.p.File1.Close();
+}
+
+TEST(Crusades, RecentFilesSkipVanishedFilesAndShiftKeys) {
+    TestCrusade c;
+    c.WriteRecords({});
+    c.host.SaveSetting("MDINote", "Recent Files", "RecentFile1", "/no/such/file.dta");
+    AddRecentFile(c.p, c.dataFile);
+    EXPECT_EQ(c.dataFile, c.host.GetSetting("MDINote", "Recent Files", "RecentFile1", ""));
+    EXPECT_EQ("/no/such/file.dta", c.host.GetSetting("MDINote", "Recent Files", "RecentFile2", ""));
+    UpdateRecentMenu(c.p);
+    EditForm& e = c.p.Edit();
+    EXPECT_EQ(c.dataFile, e.mnuRecentFile[1].Caption());
+    EXPECT_FALSE(e.mnuRecentFile[2].Visible());
+}

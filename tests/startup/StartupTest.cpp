@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "edit/EditForm.h"
+#include "platform/vb/Files.h"
+#include "startup/Lifecycle.h"
+#include "startup/frmSplash.h"
+#include "store/Info.h"
+#include "support/TestCrusade.h"
+
+namespace fs = std::filesystem;
+
+TEST(Startup, FirstRunMakesTheDataFolderAndHasNoFile) {
+    TempFolder t;
+    ScriptedHost host;
+    Program p(host, t / "Vestrel");
+    fs::create_directories(t / "Vestrel");
+    bool sampled = false;
+    p.OnDataFolderCreated = [&](Program&) { sampled = true; };
+    host.ExpectBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder.\r\n"
+                   "It is recommended that you use this folder for all of your crusade files.",
+                   host::vbOK, "", host::vbOKOnly);
+    host.ExpectBox("You must select 'New' to either create a new meeting file or search for an existing file.",
+                   host::vbOK, "No File Present", host::vbInformation);
+    bool checkedSplash = false;
+    host.OnModal("frmSplash", [&](forms::Form& f) {
+        auto& s = static_cast<frmSplash&>(f);
+        EXPECT_FALSE(s.btnLastCrusade.Visible());
+        EXPECT_EQ("Version 2.5.0", s.lblVersion.Caption());
+        checkedSplash = true;
+        s.btnExitVestrel_Click();
+    });
+    bool ended = false;
+    try {
+        Main(p);
+    } catch (const host::EndProgram&) {
+        ended = true;
+    }
+    EXPECT_TRUE(ended);
+    EXPECT_TRUE(checkedSplash);
+    EXPECT_TRUE(sampled);
+    EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
+    EXPECT_TRUE(p.ShowButtonLabels);
+}
+
+TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
+    TestCrusade c;
+    c.WriteRecords({MakePerson("9998", "Mary", "Zeller", "12-"), MakePerson("9997", "Al", "Adams", "1")});
+    c.p.CrusadeName = "Spring";
+    c.p.MeetingNumber = 2;
+    SaveInfo(c.p);
+    SaveSettings(c.p);
+    std::string ini = c.ReadFile(c.appPath + "/Vestrel.ini");
+    EXPECT_EQ(c.dataFile + "\r\nAvailable\r\n-1 \r\n 0 \r\n 0 \r\n", ini);
+
+    Program p(c.host, c.appPath);
+    bool shown = false;
+    c.host.OnModal("frmSplash", [&](forms::Form& f) {
+        auto& s = static_cast<frmSplash&>(f);
+        EXPECT_EQ("Spring:  Meeting #2", s.lblLastCrusadeName.Caption());
+        EXPECT_TRUE(s.btnLastCrusade.Visible());
+        EXPECT_TRUE(p.Loaded);
+        int key = 13;
+        s.Form_KeyPress(key);   // any key loads it as the button does
+        EXPECT_FALSE(s.Loaded());
+        shown = true;
+    });
+    Main(p);
+    ASSERT_TRUE(shown);
+    EditForm& e = p.Edit();
+    EXPECT_TRUE(e.Visible());
+    EXPECT_EQ("Adams", e.LName.Text());
+    EXPECT_EQ("1 of 2", e.RecordCounter.Caption());
+    EXPECT_EQ("Vestrel Edit Screen: Spring Crusade (Meeting # 2)", e.Caption());
+    EXPECT_EQ("edit", p.CallerForm);
+    e.ChgRec_Click(2);
+    EXPECT_EQ("Zeller", e.LName.Text());
+    c.host.sounds.clear();
+    p.SoundOn = true;
+    e.ChgRec_Click(2);   // refused: the sound and the same person again
+    EXPECT_EQ("Zeller", e.LName.Text());
+    EXPECT_EQ((std::vector<std::string>{c.appPath + "/S02.wav"}), c.host.sounds);
+    p.File1.Close();
+}
+
+TEST(Startup, SettingsFileDamagedOrShortLoadsWhatItCan) {
+    TestCrusade c;
+    c.WriteRecords({});
+    c.p.ShowButtonLabels = false;
+    c.WriteFile(c.appPath + "/Vestrel.ini", c.dataFile + "\r\nAvailable\r\n");
+    LoadSettings(c.p);
+    EXPECT_EQ(c.dataFile, c.p.DataFile);
+    EXPECT_FALSE(c.p.ShowButtonLabels);   // line 3 missing: left as it was
+    EXPECT_EQ(c.appPath + "/data", c.p.DataFolder);
+
+    c.WriteFile(c.appPath + "/Vestrel.ini", std::string("\x01\x02\xff\x00garbage", 12));
+    LoadSettings(c.p);
+    EXPECT_EQ("", c.p.DataFile);   // no such file: the no-file case
+    EXPECT_EQ("", c.p.DataFolder);
+}
+
+TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
+    TestCrusade c;
+    c.WriteRecords({});
+    SaveInfo(c.p);
+    SaveSettings(c.p);
+    c.p.IsNewFile = true;
+    c.p.Loaded = true;
+    c.host.ExpectBox("There are no records in the file.\r\nThis file will be deleted and you must start over with "
+                     "another new file next time you start Vestrel",
+                     host::vbOK, "Exit Vestrel", host::vbCritical);
+    EXPECT_THROW(CloseCrusade(c.p), host::EndProgram);
+    EXPECT_FALSE(vb::FileExists(c.dataFile));
+    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
+    EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
+}
