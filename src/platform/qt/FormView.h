@@ -1,0 +1,119 @@
+#pragma once
+// Any form of the model as a real window. The model is the truth: the view
+// follows it through FormObserver, and hands what the operator does back to
+// it through the controls' User* entry points and the form's key routing.
+#include <functional>
+#include <map>
+#include <set>
+#include <vector>
+
+#include <QFont>
+#include <QMainWindow>
+
+#include "platform/forms/Form.h"
+
+class QtHost;
+class QAction;
+class QKeyEvent;
+class QMouseEvent;
+class QFocusEvent;
+
+class FormView : public QMainWindow, private forms::FormObserver {
+public:
+    FormView(QtHost& host, forms::Form& form);
+    ~FormView() override;
+
+    forms::Form* Model() const { return form_; }
+    // The form is unloaded or gone: the window never calls into it again.
+    void Detach();
+    // Shows the window, application-modal or not, in front and active.
+    void ShowWindow(bool modal);
+    // Gives the widget of the model's active control the focus, without model events.
+    void SyncFocus();
+
+    // The widget of a control, the entry of a menu; null when there is none.
+    QWidget* WidgetOf(const forms::Control& c) const;
+    QAction* ActionOf(const forms::Control& c) const;
+
+protected:
+    bool event(QEvent* e) override;
+    void closeEvent(QCloseEvent* e) override;
+    bool eventFilter(QObject* watched, QEvent* e) override;
+
+private:
+    void ControlChanged(forms::Control& c, forms::Prop p) override;
+    void ControlAdded(forms::Control& c) override;
+    void ControlRemoved(forms::Control& c) override;
+    void FocusChanged(forms::Control* c) override;
+    void FormChanged(forms::Prop p) override;
+
+    // The classic key code of a Qt key (0 when it has none) and the Shift mask.
+    static int KeyCodeOf(int qtKey, Qt::KeyboardModifiers mods);
+    static int ShiftOf(Qt::KeyboardModifiers mods);
+    // The face and size a control's font stands for on this desktop.
+    static QFont FontFor(const std::string& name, float size, bool bold, bool fixedPitch);
+
+    // Widgets (FormView.cpp).
+    QWidget* Make(forms::Control& c);
+    void Own(QObject* part, forms::Control& c);
+    forms::Control* ControlOf(const QObject* o) const;
+    void ApplyAll(forms::Control& c);
+    void Apply(forms::Control& c, forms::Prop p);
+    void ApplyFields(forms::Control& c, QWidget* w);
+    void ApplyGeometry(forms::Control& c, QWidget* w);
+    void ApplyText(forms::Control& c, QWidget* w);
+    void ApplySelection(forms::Control& c, QWidget* w);
+    void ApplyCaption(forms::Control& c, QWidget* w);
+    void ApplyValue(forms::Control& c, QWidget* w);
+    void ApplyColors(forms::Control& c, QWidget* w);
+    void ApplyList(forms::Control& c, QWidget* w);
+    void ApplyListIndex(forms::Control& c, QWidget* w);
+    void ApplyTabs(forms::Control& c, QWidget* w);
+    void ApplyPicture(forms::Control& c, QWidget* w);
+    void ApplyFormGeometry();
+    void ApplyFormColors();
+    QString PicturePath(const std::string& name) const;
+    // After the operator acted on a control, the widget shows what the model made of it.
+    void Resync(const QObject* part);
+
+    // Menus (FormViewMenus.cpp).
+    void RebuildMenus();
+    void ScheduleMenuRebuild();
+    void AddMenuItems(QWidget* into, forms::Control* parent);
+    void UpdateAction(forms::Control& c);
+
+    // Input (FormViewInput.cpp).
+    bool KeyPress(QObject* watched, forms::Control* target, QKeyEvent* e);
+    bool KeyRelease(forms::Control* target, QKeyEvent* e);
+    void FocusIn(QObject* watched, QFocusEvent* e);
+    bool Mouse(QObject* watched, QMouseEvent* e);
+    bool IsKeyTarget(QObject* watched) const;
+    void Reinject(QObject* watched, int keyAscii);
+
+    // An operator action on a widget, through the host's boundary; then the
+    // widget shows what the model made of it (not for caret moves, which come
+    // before the edit they belong to).
+    void Act(const QObject* part, const std::function<void(forms::Control&)>& f, bool resync = true);
+
+    struct Item {
+        QWidget* widget = nullptr;   // null for menus
+        QAction* action = nullptr;   // menus
+    };
+
+    QtHost& host_;
+    forms::Form* form_;
+    QWidget* content_;
+    std::map<const forms::Control*, Item> items_;
+    std::map<const QObject*, forms::Control*> owners_;   // a widget and its inner parts
+    std::vector<QObject*> menuObjects_;
+    bool hasMenus_ = false;
+    bool shownOnce_ = false;
+    bool menuRebuildPending_ = false;
+    int applying_ = 0;          // the model is being shown: widget signals are not the operator
+    bool focusing_ = false;     // the view moves the focus for the model
+    bool reinjecting_ = false;  // a key a KeyPress handler changed is on its way to the widget
+    std::set<int> swallowed_;   // keys whose KeyDown was swallowed: no KeyUp either
+    const QEvent* lastMouse_ = nullptr;
+    int lastMouseType_ = 0;
+    quint64 lastMouseTime_ = 0;
+};

@@ -1,0 +1,220 @@
+#include "platform/qt/QtPrintSurface.h"
+
+#include <algorithm>
+
+#include <QFile>
+#include <QFontMetricsF>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPen>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+#include "platform/vb/Cp1252.h"
+#include "platform/vb/Strings.h"
+
+namespace {
+
+constexpr double CmPerInch = 2.54;
+// A PDF is laid out as the usual laser printer would print it.
+constexpr int PdfDpi = 600;
+constexpr double PdfMarginInch = 0.25;
+// DrawWidth counts pixels of a 600 dpi printer, so a rule looks the same on
+// every device.
+constexpr double DrawWidthDpi = 600;
+
+QString ToQString(const std::string& cp1252) {
+    return QString::fromStdString(vb::Cp1252ToUtf8(cp1252));
+}
+
+}  // namespace
+
+QtPrintSurface::QtPrintSurface() = default;
+
+QtPrintSurface::~QtPrintSurface() {
+    // Whatever is still open goes out, as when the old program ended.
+    if (open_) EndDoc();
+}
+
+QString QtPrintSurface::FaceFor(const std::string& name) {
+    std::string n = vb::LCase(vb::Trim(name));
+    if (n == "arial") return QStringLiteral("Liberation Sans");
+    if (n == "times new roman") return QStringLiteral("Liberation Serif");
+    // "courrier new" is a misspelling the reports have always asked for.
+    if (n == "courier new" || n == "courrier new") return QStringLiteral("Liberation Mono");
+    return ToQString(name);
+}
+
+QFont QtPrintSurface::ToQFont(const host::PrintFont& f) {
+    QFont q(FaceFor(f.Name));
+    q.setPointSizeF(f.Size > 0 ? f.Size : 10);
+    q.setBold(f.Bold);
+    q.setUnderline(f.Underline);
+    // Widths add up character by character, as the reports' arithmetic expects.
+    q.setKerning(false);
+    q.setHintingPreference(QFont::PreferNoHinting);
+    const QString face = q.family();
+    if (face == QLatin1String("Liberation Mono"))
+        q.setStyleHint(QFont::Monospace);
+    else if (face == QLatin1String("Liberation Serif"))
+        q.setStyleHint(QFont::Serif);
+    else
+        q.setStyleHint(QFont::SansSerif);
+    return q;
+}
+
+void QtPrintSurface::SetOutputPdf(const std::string& path) {
+    pdfPath_ = path;
+    toPdf_ = true;
+    pdf_.reset();
+}
+
+void QtPrintSurface::SetOutputPrinter() {
+    toPdf_ = false;
+}
+
+QPrinter& QtPrintSurface::PrinterDevice() {
+    return MakePrinter();
+}
+
+QPrinter& QtPrintSurface::MakePrinter() const {
+    if (!printer_) {
+        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        if (QPrinterInfo::defaultPrinter().isNull()) printer_->setPageSize(QPageSize(QPageSize::Letter));
+        printer_->setFullPage(false);
+    }
+    return *printer_;
+}
+
+QPagedPaintDevice& QtPrintSurface::Device() const {
+    if (!toPdf_) return MakePrinter();
+    if (!pdf_) {
+        // The writer touches no file until a painter begins on it.
+        pdf_ = std::make_unique<QPdfWriter>(QFile::decodeName(QByteArray::fromStdString(pdfPath_)));
+        pdf_->setResolution(PdfDpi);
+        pdf_->setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
+                                        QMarginsF(PdfMarginInch, PdfMarginInch, PdfMarginInch, PdfMarginInch),
+                                        QPageLayout::Inch));
+        pdf_->setCreator(QStringLiteral("Vestrel"));
+    }
+    return *pdf_;
+}
+
+float QtPrintSurface::TextWidth(const std::string& text) {
+    QFontMetricsF fm(ToQFont(font_), &Device());
+    return static_cast<float>(fm.horizontalAdvance(ToQString(text)) / Device().logicalDpiX() * CmPerInch);
+}
+
+float QtPrintSurface::LineHeight() const {
+    QFontMetricsF fm(ToQFont(font_), &Device());
+    return static_cast<float>(fm.lineSpacing() / Device().logicalDpiY() * CmPerInch);
+}
+
+// A document starts with the first call that puts something on paper.
+void QtPrintSurface::Open() {
+    if (open_) return;
+    open_ = true;
+    lastError_.clear();
+    pages_.assign(1, PageItems());
+}
+
+void QtPrintSurface::Close() {
+    open_ = false;
+    pages_.clear();
+    page_ = 1;
+    x_ = y_ = 0;
+}
+
+void QtPrintSurface::Line(float x1, float y1, float x2, float y2) {
+    Open();
+    Item it;
+    it.isText = false;
+    it.x = x1;
+    it.y = y1;
+    it.x2 = x2;
+    it.y2 = y2;
+    it.drawWidth = drawWidth_;
+    pages_.back().push_back(it);
+    x_ = x2;
+    y_ = y2;
+}
+
+void QtPrintSurface::Print(const std::string& text, bool stayOnLine) {
+    Open();
+    if (!text.empty()) {
+        Item it;
+        it.x = x_;
+        it.y = y_;
+        it.font = font_;
+        it.text = ToQString(text);
+        pages_.back().push_back(it);
+    }
+    if (stayOnLine) {
+        x_ += TextWidth(text);
+    } else {
+        x_ = 0;
+        y_ += LineHeight();
+    }
+}
+
+void QtPrintSurface::NewPage() {
+    Open();
+    pages_.emplace_back();
+    ++page_;
+    x_ = y_ = 0;
+}
+
+void QtPrintSurface::EndDoc() {
+    if (!open_) return;
+    // A NewPage just before the end makes no blank sheet.
+    if (pages_.size() > 1 && pages_.back().empty()) pages_.pop_back();
+    QPagedPaintDevice& device = Device();
+    Render(device);
+    // A fresh writer for the next document to this file.
+    if (toPdf_) pdf_.reset();
+    Close();
+}
+
+void QtPrintSurface::KillDoc() {
+    Close();
+}
+
+bool QtPrintSurface::Render(QPagedPaintDevice& device) {
+    QPainter painter;
+    if (!painter.begin(&device)) {
+        lastError_ = toPdf_ ? "The file " + pdfPath_ + " could not be written." : "The printer could not be opened.";
+        return false;
+    }
+    const double dpiX = device.logicalDpiX();
+    const double dpiY = device.logicalDpiY();
+    auto px = [&](float cm) { return cm / CmPerInch * dpiX; };
+    auto py = [&](float cm) { return cm / CmPerInch * dpiY; };
+
+    bool first = true;
+    for (const PageItems& page : pages_) {
+        if (!first && !device.newPage()) {
+            lastError_ = "The page could not be started.";
+            break;
+        }
+        first = false;
+        for (const Item& it : page) {
+            if (it.isText) {
+                QFont f = ToQFont(it.font);
+                painter.setFont(f);
+                // The pen is the top of the text, as the old printer object had it.
+                QFontMetricsF fm(f, &device);
+                painter.setPen(Qt::black);
+                painter.drawText(QPointF(px(it.x), py(it.y) + fm.ascent()), it.text);
+            } else {
+                QPen pen(Qt::black);
+                pen.setWidthF(std::max(1, it.drawWidth) * dpiX / DrawWidthDpi);
+                pen.setCapStyle(Qt::RoundCap);
+                painter.setPen(pen);
+                painter.drawLine(QPointF(px(it.x), py(it.y)), QPointF(px(it.x2), py(it.y2)));
+            }
+        }
+    }
+    return painter.end() && lastError_.empty();
+}

@@ -1,0 +1,677 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QImage>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+
+#include "platform/forms/Form.h"
+#include "platform/qt/FormView.h"
+#include "platform/qt/QtHost.h"
+#include "platform/vb/Error.h"
+
+using namespace forms;
+
+namespace {
+
+// A modal form that answers, fails or ends the program.
+struct Ask : Form {
+    explicit Ask(host::Host& h) : Form(h, "Ask") {
+        Move(0, 0, 4000, 1500);
+        btnOK.Move(120, 120, 1000, 375);
+        btnFail.Move(1200, 120, 1000, 375);
+        btnQuit.Move(2400, 120, 1000, 375);
+        btnOK.Click = [this] {
+            answer = "yes";
+            Unload();
+        };
+        btnFail.Click = [] { throw vb::RuntimeError(53, "File not found"); };
+        btnQuit.Click = [] { throw host::EndProgram{}; };
+    }
+    CommandButton btnOK{*this, "btnOK", "OK"};
+    CommandButton btnFail{*this, "btnFail", "Fail"};
+    CommandButton btnQuit{*this, "btnQuit", "Quit"};
+    std::string answer;
+};
+
+// One control of every kind, and a menu.
+struct Card : Form {
+    explicit Card(host::Host& h) : Form(h, "Card") {
+        SetCaption("Card");
+        Move(0, 0, 9000, 6600);
+        lblName.Move(120, 120, 1000, 255);
+        Name.Move(1200, 120, 2400, 285);
+        Notes.MultiLine = true;
+        Notes.Move(1200, 480, 2400, 600);
+        btnGo.Move(3900, 120, 1200, 375);
+        btnGo.SetPicture("go");
+        chkMail.Move(3900, 600, 1200, 255);
+        fraKind.Move(120, 1200, 2400, 1000);
+        optHome.SetContainer(&fraKind);
+        optHome.Move(120, 240, 1000, 255);
+        optPhone.SetContainer(&fraKind);
+        optPhone.Move(120, 540, 1000, 255);
+        cboReligion.Move(2700, 1200, 1800, 315);
+        lstNames.Move(2700, 1600, 1800, 900);
+        hsbSpeed.Move(120, 2400, 2400, 255);
+        vsbPage.Move(4700, 1200, 255, 1300);
+        tabs.Move(120, 2800, 4500, 1200);
+        tabs.SetTabs({"One", "Two"});
+        picLogo.Move(5400, 120, 900, 900);
+        picLogo.SetPicture("logo");
+        lblInPic.SetContainer(&picLogo);
+        lblInPic.Move(60, 60, 600, 255);
+        Dec[0].Move(5400, 1200, 900, 255);
+
+        for (Control* c : {static_cast<Control*>(&Name), static_cast<Control*>(&Notes)}) {
+            std::string n = c->Name();
+            c->GotFocus = [this, n] { log.push_back("Got " + n); };
+            c->LostFocus = [this, n] { log.push_back("Lost " + n); };
+        }
+        Name.Change = [this] { ++changes; };
+        Name.KeyDown = [this](int& k, int shift) {
+            keys.push_back("Down " + std::to_string(k) + " " + std::to_string(shift));
+            if (k == 'X') k = 0;
+            if (k == vbKeyF5) Host().MsgBox("Over the box");
+        };
+        Name.KeyPress = [this](int& a) {
+            keys.push_back("Press " + std::to_string(a));
+            if (upperCase && a >= 'a' && a <= 'z') a -= 32;
+        };
+        Name.KeyUp = [this](int& k, int) { keys.push_back("Up " + std::to_string(k)); };
+        btnGo.Click = [this] {
+            if (!ask) {
+                log.push_back("Click btnGo");
+                return;
+            }
+            ask->Show(true);
+            log.push_back("after modal " + ask->answer);
+        };
+        btnGo.MouseDown = [this](int b, int, float, float) { log.push_back("MouseDown btnGo " + std::to_string(b)); };
+        chkMail.Click = [this] { log.push_back("Click chkMail"); };
+        lblName.Click = [this] { log.push_back("Click lblName"); };
+        lstNames.Click = [this] { log.push_back("Click lstNames"); };
+        tabs.Click = [this] { log.push_back("Click tabs"); };
+        mnuOpen.Click = [this] { log.push_back("Click mnuOpen"); };
+    }
+    void Form_Activate() override { log.push_back("Activate Card"); }
+
+    Label lblName{*this, "lblName", "&Name"};
+    TextBox Name{*this, "Name"};
+    TextBox Notes{*this, "Notes"};
+    CommandButton btnGo{*this, "btnGo", "&Go"};
+    CheckBox chkMail{*this, "chkMail", "Mail list"};
+    Frame fraKind{*this, "fraKind", "Visit"};
+    OptionButton optHome{*this, "optHome", "Home"};
+    OptionButton optPhone{*this, "optPhone", "Phone"};
+    ComboBox cboReligion{*this, "cboReligion"};
+    ListBox lstNames{*this, "lstNames"};
+    ScrollBar hsbSpeed{*this, "hsbSpeed", false};
+    ScrollBar vsbPage{*this, "vsbPage", true};
+    TabStrip tabs{*this, "tabs"};
+    PictureBox picLogo{*this, "picLogo"};
+    Label lblInPic{*this, "lblInPic", "In"};
+    ControlArray<CheckBox> Dec{*this, "Dec", 1, std::string("D")};
+    Menu mnuFile{*this, "mnuFile", "&File"};
+    Menu mnuOpen{*this, "mnuOpen", "&Open", &mnuFile};
+    Menu mnuLine{*this, "mnuLine", "-", &mnuFile};
+    Menu mnuExit{*this, "mnuExit", "E&xit", &mnuFile};
+
+    std::vector<std::string> log, keys;
+    int changes = 0;
+    bool upperCase = false;
+    Ask* ask = nullptr;
+};
+
+// Boxes, dialogs and modal forms run loops of their own: this acts on the
+// next modal window once it is up.
+void WhenModal(std::function<bool(QWidget*)> is, std::function<void(QWidget*)> act) {
+    auto* timer = new QTimer;
+    auto clock = std::make_shared<QElapsedTimer>();
+    clock->start();
+    QObject::connect(timer, &QTimer::timeout, [timer, clock, is, act] {
+        QWidget* m = QApplication::activeModalWidget();
+        if (m && m->isVisible() && is(m)) {
+            timer->stop();
+            timer->deleteLater();
+            act(m);
+        } else if (clock->elapsed() > 5000) {
+            timer->stop();
+            timer->deleteLater();
+            ADD_FAILURE() << "the expected modal window never came up";
+            if (m) m->close();
+        }
+    });
+    timer->start(5);
+}
+
+template <class T>
+void WhenModal(std::function<void(T*)> act) {
+    WhenModal([](QWidget* w) { return dynamic_cast<T*>(w) != nullptr; },
+              [act](QWidget* w) { act(dynamic_cast<T*>(w)); });
+}
+
+class FormViewTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char name[] = "test_qt";
+        static char* argv[] = {name, nullptr};
+        if (!QCoreApplication::instance()) new QApplication(argc, argv);
+    }
+
+    void SetUp() override {
+        QDir(dir.path()).mkpath("pictures");
+        QImage img(32, 32, QImage::Format_ARGB32);
+        img.fill(Qt::darkBlue);
+        img.save(dir.filePath("pictures/go.png"));
+        img.save(dir.filePath("pictures/logo.png"));
+        host = std::make_unique<QtHost>(Settings(), dir.path().toStdString());
+    }
+
+    void TearDown() override {
+        card.reset();
+        ask.reset();
+        host.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    std::string Settings() const { return dir.filePath("settings.ini").toStdString(); }
+
+    Card& ShowCard() {
+        card = std::make_unique<Card>(*host);
+        card->Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(View()));
+        card->log.clear();
+        return *card;
+    }
+
+    FormView* View() const { return host->View(*card); }
+
+    template <class T>
+    T* W(const Control& c) const {
+        return qobject_cast<T*>(host->View(c.Parent())->WidgetOf(c));
+    }
+
+    QTemporaryDir dir;
+    std::unique_ptr<QtHost> host;
+    std::unique_ptr<Card> card;
+    std::unique_ptr<Ask> ask;
+};
+
+}  // namespace
+
+TEST_F(FormViewTest, EveryKindOfControlBecomesItsWidgetWhereItsTwipsPutIt) {
+    Card& f = ShowCard();
+    ASSERT_TRUE(View()->isVisible());
+    EXPECT_EQ("Card", View()->windowTitle());
+
+    ASSERT_NE(nullptr, W<QLineEdit>(f.Name));
+    EXPECT_EQ(QRect(80, 8, 160, 19), W<QLineEdit>(f.Name)->geometry());
+    EXPECT_NE(nullptr, W<QPlainTextEdit>(f.Notes));
+    EXPECT_EQ("Name", W<QLabel>(f.lblName)->text());   // no buddy: the access key is not shown as "&"
+    EXPECT_EQ("&Go", W<QPushButton>(f.btnGo)->text());
+    EXPECT_FALSE(W<QPushButton>(f.btnGo)->icon().isNull());
+    EXPECT_EQ("Mail list", W<QCheckBox>(f.chkMail)->text());
+    EXPECT_EQ("Visit", W<QGroupBox>(f.fraKind)->title());
+    // Controls in a frame or picture box are children of its widget, placed inside it.
+    EXPECT_EQ(W<QGroupBox>(f.fraKind), W<QRadioButton>(f.optHome)->parentWidget());
+    EXPECT_EQ(QRect(8, 16, 67, 17), W<QRadioButton>(f.optHome)->geometry());
+    EXPECT_EQ(W<QLabel>(f.picLogo), W<QLabel>(f.lblInPic)->parentWidget());
+    EXPECT_FALSE(W<QLabel>(f.picLogo)->pixmap().isNull());
+    EXPECT_TRUE(W<QComboBox>(f.cboReligion)->isEditable());
+    EXPECT_NE(nullptr, W<QListWidget>(f.lstNames));
+    EXPECT_EQ(Qt::Horizontal, W<QScrollBar>(f.hsbSpeed)->orientation());
+    EXPECT_EQ(Qt::Vertical, W<QScrollBar>(f.vsbPage)->orientation());
+    auto* bar = View()->WidgetOf(f.tabs)->findChild<QTabBar*>();
+    ASSERT_NE(nullptr, bar);
+    EXPECT_EQ(2, bar->count());
+
+    QList<QAction*> titles = View()->menuBar()->actions();
+    ASSERT_EQ(1, titles.size());
+    EXPECT_EQ("&File", titles[0]->text());
+    QList<QAction*> items = titles[0]->menu()->actions();
+    ASSERT_EQ(3, items.size());
+    EXPECT_EQ("&Open", items[0]->text());
+    EXPECT_TRUE(items[1]->isSeparator());
+    EXPECT_EQ("E&xit", items[2]->text());
+
+    QString png = QCoreApplication::applicationDirPath() + "/FormView.png";
+    EXPECT_TRUE(View()->grab().save(png)) << png.toStdString();
+}
+
+TEST_F(FormViewTest, ChangesInTheModelReachTheWidgets) {
+    Card& f = ShowCard();
+    f.btnGo.SetCaption("Go &on");
+    f.lblName.SetCaption("Surname");
+    f.SetCaption("Card 2");
+    EXPECT_EQ("Go &on", W<QPushButton>(f.btnGo)->text());
+    EXPECT_EQ("Surname", W<QLabel>(f.lblName)->text());
+    EXPECT_EQ("Card 2", View()->windowTitle());
+
+    f.chkMail.SetVisible(false);
+    EXPECT_FALSE(W<QCheckBox>(f.chkMail)->isVisible());
+    f.chkMail.SetVisible(true);
+    EXPECT_TRUE(W<QCheckBox>(f.chkMail)->isVisible());
+    f.btnGo.SetEnabled(false);
+    EXPECT_FALSE(W<QPushButton>(f.btnGo)->isEnabled());
+
+    // BGR longs: &H80C0FF is a light orange.
+    f.Name.SetBackColor(HighlightColor);
+    f.Name.SetForeColor(vbRed);
+    EXPECT_EQ(QColor(0xFF, 0xC0, 0x80), W<QLineEdit>(f.Name)->palette().color(QPalette::Base));
+    EXPECT_EQ(QColor(0xFF, 0, 0), W<QLineEdit>(f.Name)->palette().color(QPalette::Active, QPalette::Text));
+    f.Name.SetBackColor(vbWindowBackground);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), W<QLineEdit>(f.Name)->palette().color(QPalette::Base));
+
+    f.Name.SetText("Ren\xE9");   // Windows-1252
+    EXPECT_EQ(QString::fromUtf8("René"), W<QLineEdit>(f.Name)->text());
+    f.Notes.SetText("one\r\ntwo");
+    EXPECT_EQ("one\ntwo", W<QPlainTextEdit>(f.Notes)->toPlainText());
+
+    f.cboReligion.AddItem("Baptist");
+    f.cboReligion.AddItem("Catholic");
+    EXPECT_EQ("", W<QComboBox>(f.cboReligion)->currentText());   // adding items picks none
+    f.cboReligion.SetListIndex(1);
+    EXPECT_EQ(1, W<QComboBox>(f.cboReligion)->currentIndex());
+    EXPECT_EQ("Catholic", W<QComboBox>(f.cboReligion)->currentText());
+    f.lstNames.AddItem("Adams");
+    f.lstNames.AddItem("Baker");
+    f.lstNames.SetListIndex(1);
+    EXPECT_EQ(2, W<QListWidget>(f.lstNames)->count());
+    EXPECT_EQ(1, W<QListWidget>(f.lstNames)->currentRow());
+
+    QAction* open = View()->ActionOf(f.mnuOpen);
+    f.mnuOpen.SetEnabled(false);
+    f.mnuOpen.SetChecked(true);
+    f.mnuOpen.SetCaption("&Open...");
+    EXPECT_FALSE(open->isEnabled());
+    EXPECT_TRUE(open->isChecked());
+    EXPECT_EQ("&Open...", open->text());
+    f.mnuLine.SetCaption("Recent");   // a separator turns into an entry
+    EXPECT_FALSE(View()->ActionOf(f.mnuLine)->isSeparator());
+
+    // A control array grows and shrinks at run time.
+    f.Dec.Load(1);
+    QCheckBox* d1 = W<QCheckBox>(f.Dec[1]);
+    ASSERT_NE(nullptr, d1);
+    EXPECT_FALSE(d1->isVisible());
+    EXPECT_EQ(W<QCheckBox>(f.Dec[0])->geometry(), d1->geometry());
+    f.Dec[1].Move(5400, 1500);
+    f.Dec[1].SetVisible(true);
+    EXPECT_TRUE(d1->isVisible());
+    EXPECT_EQ(100, d1->y());
+    QPointer<QCheckBox> gone(d1);
+    f.Dec.Unload(1);
+    EXPECT_FALSE(gone->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(gone.isNull());
+}
+
+TEST_F(FormViewTest, KeysGoThroughTheFormsRoutingIntoTheBox) {
+    Card& f = ShowCard();
+    QLineEdit* name = W<QLineEdit>(f.Name);
+    ASSERT_EQ(name, QApplication::focusWidget());
+
+    QTest::keyClicks(name, "ab");
+    QTest::sendKeyEvent(QTest::Click, name, Qt::Key_A, QString("A"), Qt::ShiftModifier);
+    EXPECT_EQ("abA", f.Name.Text());
+    EXPECT_EQ(3, f.changes);
+    EXPECT_EQ(3, f.Name.SelStart());
+    EXPECT_EQ((std::vector<std::string>{"Down 65 0", "Press 97", "Up 65", "Down 66 0", "Press 98", "Up 66",
+                                        "Down 16 1", "Down 65 1", "Press 65", "Up 65", "Up 16"}),
+              f.keys);
+
+    // A KeyDown that sets the code to 0 swallows the key: no KeyPress, no KeyUp, nothing typed.
+    f.keys.clear();
+    QTest::keyClick(name, Qt::Key_X);
+    EXPECT_EQ("abA", name->text());
+    EXPECT_EQ("abA", f.Name.Text());
+    EXPECT_EQ(std::vector<std::string>{"Down 88 0"}, f.keys);
+
+    // A KeyPress that changes the character types the new one.
+    f.upperCase = true;
+    QTest::keyClicks(name, "c");
+    EXPECT_EQ("abAC", name->text());
+    EXPECT_EQ("abAC", f.Name.Text());
+
+    // Keys without a character: KeyDown only; Enter has both.
+    f.keys.clear();
+    QTest::keyClick(name, Qt::Key_F2);
+    QTest::keyClick(name, Qt::Key_Return);
+    QTest::keyClick(name, Qt::Key_Minus);
+    EXPECT_EQ((std::vector<std::string>{"Down 113 0", "Up 113", "Down 13 0", "Press 13", "Up 13", "Down 189 0",
+                                        "Press 45", "Up 189"}),
+              f.keys);
+
+    // A multi-line box holds CR LF for each line end.
+    f.Notes.SetFocus();
+    QPlainTextEdit* notes = W<QPlainTextEdit>(f.Notes);
+    QTest::keyClicks(notes, "hi");
+    QTest::keyClick(notes, Qt::Key_Return);
+    QTest::keyClicks(notes, "yo");
+    EXPECT_EQ("hi\r\nyo", f.Notes.Text());
+    EXPECT_EQ(6, f.Notes.SelStart());
+}
+
+TEST_F(FormViewTest, FocusFollowsModelAndOperatorAndNeverFiresTwiceOrForABox) {
+    Card& f = ShowCard();
+    QLineEdit* name = W<QLineEdit>(f.Name);
+    QPlainTextEdit* notes = W<QPlainTextEdit>(f.Notes);
+    EXPECT_EQ(&f.Name, f.ActiveControl());   // the first in tab order, given at Show
+
+    f.Notes.SetFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(notes, QApplication::focusWidget());
+    EXPECT_EQ((std::vector<std::string>{"Lost Name", "Got Notes"}), f.log);
+
+    // The operator clicks into a box.
+    f.log.clear();
+    QTest::mouseClick(name, Qt::LeftButton);
+    EXPECT_EQ(&f.Name, f.ActiveControl());
+    EXPECT_EQ((std::vector<std::string>{"Lost Notes", "Got Name"}), f.log);
+
+    // Tab walks the model's tab order and types nothing.
+    f.log.clear();
+    QTest::keyClick(name, Qt::Key_Tab);
+    EXPECT_EQ(notes, QApplication::focusWidget());
+    EXPECT_EQ((std::vector<std::string>{"Lost Name", "Got Notes"}), f.log);
+    EXPECT_EQ("", f.Notes.Text());
+    QTest::keyClick(notes, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(&f.Name, f.ActiveControl());
+
+    // A box over the box: the focus comes back, and no focus event fires.
+    f.log.clear();
+    QString shown;
+    WhenModal<QMessageBox>([&](QMessageBox* box) {
+        shown = box->text();
+        box->button(QMessageBox::Ok)->click();
+    });
+    QTest::keyClick(name, Qt::Key_F5);
+    QApplication::processEvents();
+    EXPECT_EQ("Over the box", shown);
+    EXPECT_EQ(&f.Name, f.ActiveControl());
+    EXPECT_EQ(name, QApplication::focusWidget());
+    EXPECT_TRUE(f.log.empty()) << f.log.front();
+
+    // A LostFocus rule that refuses the move with a box: it runs once, and the
+    // box coming and going over the clicked box moves nothing.
+    f.Notes.SetFocus();
+    f.log.clear();
+    f.Notes.LostFocus = [&f] {
+        f.log.push_back("Lost Notes");
+        f.Host().MsgBox("Check the notes");
+        f.Notes.SetFocus();
+    };
+    WhenModal<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::Ok)->click(); });
+    QTest::mouseClick(name, Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_EQ((std::vector<std::string>{"Lost Notes", "Got Notes"}), f.log);
+    EXPECT_EQ(&f.Notes, f.ActiveControl());
+    EXPECT_EQ(notes, QApplication::focusWidget());
+    // However late the window manager gives the focus back, and wherever: not a move.
+    f.log.clear();
+    QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(name, &back);
+    EXPECT_TRUE(f.log.empty());
+    EXPECT_EQ(&f.Notes, f.ActiveControl());
+}
+
+TEST_F(FormViewTest, OperatorClicksReachTheModelOnceAndModelChangesDoNotEcho) {
+    Card& f = ShowCard();
+    QTest::mouseClick(W<QPushButton>(f.btnGo), Qt::LeftButton);
+    // The button takes the focus from the box, as a click does.
+    EXPECT_EQ((std::vector<std::string>{"Lost Name", "MouseDown btnGo 1", "Click btnGo"}), f.log);
+    f.log.clear();
+    QTest::mouseClick(W<QPushButton>(f.btnGo), Qt::RightButton);
+    EXPECT_EQ(std::vector<std::string>{"MouseDown btnGo 2"}, f.log);
+
+    f.log.clear();
+    QTest::mouseClick(W<QCheckBox>(f.chkMail), Qt::LeftButton);
+    EXPECT_EQ(vbChecked, f.chkMail.Value());
+    f.chkMail.SetValue(vbUnchecked);
+    EXPECT_FALSE(W<QCheckBox>(f.chkMail)->isChecked());
+    EXPECT_EQ((std::vector<std::string>{"Click chkMail", "Click chkMail"}), f.log);
+
+    // Options of one frame: the model turns the other off; a click on the one that is on keeps it on.
+    QTest::mouseClick(W<QRadioButton>(f.optPhone), Qt::LeftButton);
+    QTest::mouseClick(W<QRadioButton>(f.optHome), Qt::LeftButton);
+    QTest::mouseClick(W<QRadioButton>(f.optHome), Qt::LeftButton);
+    EXPECT_EQ(-1, f.optHome.Value());
+    EXPECT_EQ(0, f.optPhone.Value());
+    EXPECT_TRUE(W<QRadioButton>(f.optHome)->isChecked());
+    EXPECT_FALSE(W<QRadioButton>(f.optPhone)->isChecked());
+
+    f.log.clear();
+    QTest::mouseClick(W<QLabel>(f.lblName), Qt::LeftButton);
+    EXPECT_EQ(std::vector<std::string>{"Click lblName"}, f.log);
+
+    f.lstNames.AddItem("Adams");
+    f.lstNames.AddItem("Baker");
+    f.log.clear();
+    QListWidget* list = W<QListWidget>(f.lstNames);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+    EXPECT_EQ(1, f.lstNames.ListIndex());
+    EXPECT_EQ(std::vector<std::string>{"Click lstNames"}, f.log);
+
+    f.cboReligion.AddItem("Baptist");
+    f.cboReligion.AddItem("Catholic");
+    QComboBox* combo = W<QComboBox>(f.cboReligion);
+    f.cboReligion.SetFocus();
+    QTest::keyClick(combo, Qt::Key_Down);
+    EXPECT_EQ(0, f.cboReligion.ListIndex());
+    EXPECT_EQ("Baptist", f.cboReligion.Text());
+    QTest::keyClicks(combo, "s");
+    EXPECT_EQ("Baptists", f.cboReligion.Text());
+
+    f.log.clear();
+    QTabBar* bar = View()->WidgetOf(f.tabs)->findChild<QTabBar*>();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+    EXPECT_EQ(2, f.tabs.SelectedTab());
+    f.tabs.SetSelectedTab(1);
+    EXPECT_EQ(0, bar->currentIndex());
+    EXPECT_EQ((std::vector<std::string>{"Click tabs", "Click tabs"}), f.log);
+
+    f.log.clear();
+    View()->ActionOf(f.mnuOpen)->trigger();
+    EXPECT_EQ(std::vector<std::string>{"Click mnuOpen"}, f.log);
+}
+
+TEST_F(FormViewTest, AModalFormHoldsItsCallerAndEndUnwindsPastIt) {
+    Card& f = ShowCard();
+    ask = std::make_unique<Ask>(*host);
+    f.ask = ask.get();
+    auto askButton = [this](Control& c) { return W<QPushButton>(c); };
+    auto isAsk = [this](QWidget* w) { return w == host->View(*ask); };
+
+    // The routine that showed it goes on once the form is gone, reading what it left;
+    // an error in a handler shows its number and the program goes on.
+    QString error;
+    WhenModal(isAsk, [&](QWidget*) {
+        WhenModal<QMessageBox>([&](QMessageBox* box) {
+            error = box->text();
+            box->button(QMessageBox::Ok)->click();
+        });
+        askButton(ask->btnFail)->click();
+        QTest::mouseClick(askButton(ask->btnOK), Qt::LeftButton);
+    });
+    QTest::mouseClick(W<QPushButton>(f.btnGo), Qt::LeftButton);
+    EXPECT_TRUE(error.contains("53")) << error.toStdString();
+    EXPECT_TRUE(error.contains("File not found")) << error.toStdString();
+    EXPECT_FALSE(ask->Loaded());
+    // The form beneath is active again.
+    EXPECT_EQ((std::vector<std::string>{"Lost Name", "MouseDown btnGo 1", "Activate Card", "after modal yes"}), f.log);
+    EXPECT_EQ(&f, host->ActiveForm());
+
+    // End inside the modal form: no code after the Show runs, nothing more of the program runs.
+    f.log.clear();
+    ask->answer.clear();
+    WhenModal(isAsk, [&](QWidget*) { askButton(ask->btnQuit)->click(); });
+    QTest::mouseClick(W<QPushButton>(f.btnGo), Qt::LeftButton);
+    EXPECT_TRUE(host->Ending());
+    EXPECT_EQ(std::vector<std::string>{"MouseDown btnGo 1"}, f.log);
+    EXPECT_FALSE(host->Call([&] { f.log.push_back("ran"); }));
+    EXPECT_EQ(1u, f.log.size());
+}
+
+TEST_F(FormViewTest, RunLastsWhileAFormIsUpAndEndLeavesEveryLoop) {
+    QTimer guard;   // a Run that never ends fails instead of hanging
+    guard.setSingleShot(true);
+    QObject::connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(1); });
+    guard.start(5000);
+
+    // The operator closes the last form: the program is over.
+    card = std::make_unique<Card>(*host);
+    QTimer::singleShot(20, [this] { View()->close(); });
+    EXPECT_EQ(0, host->Run([this] { card->Show(); }));
+    EXPECT_FALSE(card->Loaded());
+
+    // End in a modal form shown from the main loop leaves both loops.
+    ask = std::make_unique<Ask>(*host);
+    card->ask = ask.get();
+    card->log.clear();
+    WhenModal([this](QWidget* w) { return w == host->View(*ask); },
+              [this](QWidget*) { W<QPushButton>(ask->btnQuit)->click(); });
+    QTimer::singleShot(20, [this] { W<QPushButton>(card->btnGo)->click(); });
+    EXPECT_EQ(0, host->Run([this] { card->Show(); }));
+    EXPECT_TRUE(host->Ending());
+    // Shown anew after its unload: activated, the first box has the focus, and nothing after the Show ran.
+    EXPECT_EQ((std::vector<std::string>{"Activate Card", "Got Name"}), card->log);
+}
+
+TEST_F(FormViewTest, BoxesAndDialogsAnswerWithTheClassicValues) {
+    WhenModal<QMessageBox>([](QMessageBox* box) {
+        EXPECT_EQ("Line one\nLine two", box->text());
+        EXPECT_EQ("Delete", box->windowTitle());
+        EXPECT_EQ(QMessageBox::Question, box->icon());
+        EXPECT_EQ(3, box->buttons().size());
+        EXPECT_EQ(box->button(QMessageBox::No), box->defaultButton());
+        box->button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(host::vbYes, host->MsgBox("Line one\r\nLine two",
+                                        host::vbYesNoCancel + host::vbQuestion + host::vbDefaultButton2, "Delete"));
+    // Escape is No when there is no Cancel.
+    WhenModal<QMessageBox>([](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); });
+    EXPECT_EQ(host::vbNo, host->MsgBox("Sure?", host::vbYesNo));
+
+    WhenModal<QInputDialog>([](QInputDialog* d) {
+        EXPECT_EQ("3", d->textValue());
+        d->setTextValue("7");
+        d->accept();
+    });
+    EXPECT_EQ("7", host->InputBox("How many?", "Add Names", "3"));
+    WhenModal<QInputDialog>([](QInputDialog* d) { d->reject(); });
+    EXPECT_EQ("", host->InputBox("How many?", "Add Names", "3"));
+
+    // The open dialog takes a typed new name unless the file must exist.
+    host::FileDialog open;
+    open.DialogTitle = "Open a Crusade";
+    open.Filter = "Crusade Files (*.dta)|*.dta|Crusade Files";
+    open.InitDir = dir.path().toStdString();
+    QStringList filters;
+    WhenModal<QFileDialog>([&](QFileDialog* d) {
+        filters = d->nameFilters();
+        auto* edit = d->findChild<QLineEdit*>("fileNameEdit");
+        QTest::keyClicks(edit, "Spring.dta");
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    ASSERT_TRUE(host->ShowOpen(open));
+    EXPECT_EQ(dir.filePath("Spring.dta").toStdString(), open.FileName);
+    EXPECT_EQ(QStringList{"Crusade Files (*.dta)"}, filters);
+
+    open.MustExist = true;
+    open.FileName.clear();
+    bool stayed = false;
+    WhenModal<QFileDialog>([&](QFileDialog* d) {
+        WhenModal<QMessageBox>([](QMessageBox* warning) { warning->close(); });
+        auto* edit = d->findChild<QLineEdit*>("fileNameEdit");
+        QTest::keyClicks(edit, "Autumn.dta");
+        QTest::keyClick(edit, Qt::Key_Return);
+        stayed = d->isVisible();
+        d->reject();
+    });
+    EXPECT_FALSE(host->ShowOpen(open));
+    EXPECT_TRUE(stayed);
+}
+
+TEST_F(FormViewTest, ThePrinterDialogReportsCopiesAndTheRangeChosen) {
+    host::PrinterDialog d;
+    d.Flags = 4;
+    d.Copies = 2;
+    d.FromPage = 3;
+    d.ToPage = 5;
+    WhenModal<QPrintDialog>([](QPrintDialog* dlg) { dlg->accept(); });
+    ASSERT_TRUE(host->ShowPrinter(d));
+    EXPECT_EQ(2, d.Copies);
+    EXPECT_EQ(4 | 2, d.Flags);
+    EXPECT_EQ(3, d.FromPage);
+    EXPECT_EQ(5, d.ToPage);
+
+    d.FromPage = d.ToPage = 0;
+    WhenModal<QPrintDialog>([](QPrintDialog* dlg) { dlg->accept(); });
+    ASSERT_TRUE(host->ShowPrinter(d));
+    EXPECT_EQ(4, d.Flags);   // no range: the bit goes
+    WhenModal<QPrintDialog>([](QPrintDialog* dlg) { dlg->reject(); });
+    EXPECT_FALSE(host->ShowPrinter(d));
+}
+
+TEST_F(FormViewTest, SettingsHelpAndTheWebGoThroughTheDesktop) {
+    host->SaveSetting("MDINote", "Recent Files", "File1", "/data/Spring.dta");
+    host->SaveSetting("MDINote", "Recent Files", "File2", "/data/Caf\xE9.dta");
+    {
+        QtHost again(Settings(), dir.path().toStdString());   // it is on disk
+        EXPECT_EQ("/data/Caf\xE9.dta", again.GetSetting("MDINote", "Recent Files", "File2"));
+        auto all = again.GetAllSettings("MDINote", "Recent Files");
+        ASSERT_EQ(2u, all.size());
+        EXPECT_EQ("File1", all[0].first);
+        EXPECT_EQ("/data/Spring.dta", all[0].second);
+    }
+    host->DeleteSetting("MDINote", "Recent Files", "File1");
+    EXPECT_EQ("none", host->GetSetting("MDINote", "Recent Files", "File1", "none"));
+    host->DeleteSetting("MDINote", "Recent Files", "");
+    EXPECT_TRUE(host->GetAllSettings("MDINote", "Recent Files").empty());
+
+    QFile help(dir.filePath("help.html"));
+    ASSERT_TRUE(help.open(QIODevice::WriteOnly));
+    help.write("<html><body><p>Contents</p><a name=\"c340\"></a><p>Shortcuts</p></body></html>");
+    help.close();
+    host->ShowHelp(dir.filePath("help.html").toStdString(), 1, 340);
+    QTextBrowser* browser = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* b = qobject_cast<QTextBrowser*>(w); b && b->isVisible()) browser = b;
+    ASSERT_NE(nullptr, browser);
+    EXPECT_EQ("c340", browser->source().fragment());
+
+    EXPECT_EQ(2, host->OpenDocument(dir.filePath("missing.doc").toStdString()));
+    host->PlayWave(dir.filePath("missing.wav").toStdString());   // silent
+    EXPECT_FALSE(host->HttpGet("http://127.0.0.1:1/version.txt").has_value());
+}

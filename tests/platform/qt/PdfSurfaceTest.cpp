@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <regex>
+#include <sstream>
+#include <string>
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include "platform/qt/QtPrintSurface.h"
+
+using host::Fonts;
+
+namespace {
+
+std::string Shell(const std::string& command) {
+    std::string out;
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    if (!pipe) return out;
+    char buf[4096];
+    std::size_t n;
+    while ((n = fread(buf, 1, sizeof buf, pipe.get())) > 0) out.append(buf, n);
+    return out;
+}
+
+std::string PageText(const std::string& pdf, int page) {
+    return Shell("pdftotext -layout -f " + std::to_string(page) + " -l " + std::to_string(page) + " '" + pdf +
+               "' - 2>&1");
+}
+
+int PageCount(const std::string& pdf) {
+    std::smatch m;
+    std::string info = Shell("pdfinfo '" + pdf + "' 2>&1");
+    return std::regex_search(info, m, std::regex("Pages:\\s+(\\d+)")) ? std::stoi(m[1]) : -1;
+}
+
+class PdfSurface : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char name[] = "test_qt";
+        static char* argv[] = {name, nullptr};
+        if (!QCoreApplication::instance()) new QApplication(argc, argv);
+    }
+    std::string Path(const std::string& name) const { return dir.filePath(QString::fromStdString(name)).toStdString(); }
+
+    QTemporaryDir dir;
+};
+
+}  // namespace
+
+TEST_F(PdfSurface, TwoPagesInTheFixedFontsWithLiberationFacesEmbedded) {
+    std::string pdf = Path("report.pdf");
+    {
+        QtPrintSurface out;
+        out.SetOutputPdf(pdf);
+        out.SetScaleMode(7);
+        out.SetFont(Fonts::fntArial14);
+        out.SetCurrentX(1.0f);
+        out.SetCurrentY(2.0f);
+        out.Print("Anchor");
+        out.SetFont(Fonts::fntTimes10);
+        out.Print("Ren\xE9 Garc\xED" "a");   // Windows-1252 bytes
+        out.SetFont(Fonts::fntCourrier8);
+        out.Print("Misspelt mono face");
+        out.SetFont(Fonts::fntCourier7B);
+        out.Print("Bold mono face");
+        out.SetDrawWidth(6);
+        out.Line(0.6f, 1.0f, 19.99f, 1.0f);
+        EXPECT_EQ(out.Page(), 1);
+        out.NewPage();
+        EXPECT_EQ(out.Page(), 2);
+        out.SetFont(Fonts::fntArial28B);
+        out.Print(12);
+        out.SetFont(Fonts::fntTimes8B);
+        out.Print("Second page");
+        out.NewPage();   // a page break just before the end makes no blank sheet
+        out.EndDoc();
+        EXPECT_EQ(out.Page(), 1);
+        EXPECT_TRUE(out.LastError().empty()) << out.LastError();
+    }
+    ASSERT_TRUE(std::filesystem::exists(pdf));
+    EXPECT_EQ(PageCount(pdf), 2);
+    EXPECT_NE(Shell("pdfinfo '" + pdf + "'").find("612 x 792"), std::string::npos) << "US Letter";
+
+    std::string one = PageText(pdf, 1);
+    EXPECT_NE(one.find("Anchor"), std::string::npos) << one;
+    EXPECT_NE(one.find("Ren\u00e9 Garc\u00eda"), std::string::npos) << one;
+    EXPECT_NE(one.find("Misspelt mono face"), std::string::npos) << one;
+    EXPECT_NE(one.find("Bold mono face"), std::string::npos) << one;
+    EXPECT_EQ(one.find("Second page"), std::string::npos) << one;
+    std::string two = PageText(pdf, 2);
+    EXPECT_NE(two.find("12"), std::string::npos) << two;
+    EXPECT_NE(two.find("Second page"), std::string::npos) << two;
+
+    // The pen is the top left of the text, measured from the printable page
+    // (a quarter inch in from the sheet's edge).
+    std::string bbox = Shell("pdftotext -bbox -f 1 -l 1 '" + pdf + "' - 2>&1");
+    std::smatch m;
+    ASSERT_TRUE(std::regex_search(bbox, m,
+                                  std::regex("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>Anchor<")))
+        << bbox;
+    EXPECT_NEAR(std::stod(m[1]), 18 + 1.0 / 2.54 * 72, 1.5);
+    EXPECT_NEAR(std::stod(m[2]), 18 + 2.0 / 2.54 * 72, 1.5);
+
+    std::string fonts = Shell("pdffonts '" + pdf + "' 2>&1");
+    for (const char* face : {"LiberationSans-Bold", "LiberationSans", "LiberationSerif-Bold", "LiberationSerif",
+                             "LiberationMono-Bold", "LiberationMono"})
+        EXPECT_NE(fonts.find(face), std::string::npos) << face << "\n" << fonts;
+    // Every face is a Liberation one, and all are embedded.
+    std::istringstream lines(fonts);
+    std::string line;
+    int listed = 0;
+    while (std::getline(lines, line)) {
+        if (line.rfind("name", 0) == 0 || line.rfind("----", 0) == 0 || line.empty()) continue;
+        ++listed;
+        EXPECT_NE(line.find("Liberation"), std::string::npos) << line;
+        EXPECT_TRUE(std::regex_search(line, std::regex("\\s+yes\\s+(yes|no)\\s+(yes|no)\\s+\\d+\\s+\\d+\\s*$"))) << line;
+    }
+    EXPECT_GE(listed, 6);
+}
+
+TEST_F(PdfSurface, MetricsAreCentimetresOfTheMappedFaces) {
+    QtPrintSurface out;
+    out.SetOutputPdf(Path("unused.pdf"));
+    // Liberation Mono advances 0.6 em: ten characters of 8 points are 48 points.
+    out.SetFont(Fonts::fntCourrier8);
+    EXPECT_NEAR(out.TextWidth("MMMMMiiiii"), 48 / 72.0 * 2.54, 0.01);
+    out.SetFont(Fonts::fntArial10U);
+    EXPECT_LT(out.TextWidth("iiiii"), out.TextWidth("MMMMM"));
+    EXPECT_NEAR(out.LineHeight(), 11.5 / 72.0 * 2.54, 0.03);
+
+    // A font change inside a line keeps the line; the line end follows the last font.
+    out.SetCurrentX(2.0f);
+    out.SetCurrentY(5.0f);
+    out.SetFont(Fonts::fntTimes8);
+    float w = out.TextWidth("Total:");
+    out.Print("Total:", true);
+    EXPECT_FLOAT_EQ(out.CurrentY(), 5.0f);
+    EXPECT_NEAR(out.CurrentX(), 2.0f + w, 1e-4);
+    out.SetFont(Fonts::fntArial28B);
+    float h = out.LineHeight();
+    out.Print(42);
+    EXPECT_FLOAT_EQ(out.CurrentX(), 0.0f);
+    EXPECT_NEAR(out.CurrentY(), 5.0f + h, 1e-4);
+    out.KillDoc();
+    EXPECT_FALSE(std::filesystem::exists(Path("unused.pdf")));
+}
+
+TEST_F(PdfSurface, KillDocLeavesNoFileAndTheNextDocumentStartsAfresh) {
+    std::string pdf = Path("killed.pdf");
+    QtPrintSurface out;
+    out.SetOutputPdf(pdf);
+    out.SetFont(Fonts::fntTimes12);
+    out.Print("Discarded first page");
+    out.NewPage();
+    out.Print("Discarded second page");
+    out.KillDoc();
+    EXPECT_FALSE(out.DocumentOpen());
+    EXPECT_EQ(out.Page(), 1);
+    EXPECT_FALSE(std::filesystem::exists(pdf));
+
+    out.Print("Kept page");
+    out.EndDoc();
+    ASSERT_TRUE(std::filesystem::exists(pdf));
+    EXPECT_EQ(PageCount(pdf), 1);
+    std::string text = PageText(pdf, 1);
+    EXPECT_NE(text.find("Kept page"), std::string::npos) << text;
+    EXPECT_EQ(text.find("Discarded"), std::string::npos) << text;
+}
