@@ -65,7 +65,7 @@ void EditForm::Layout() {
     lblShowButtonLabels.FixedPitch = true;
     lblShowButtonLabels.SetFont("Courier New", 9);
     const int charW = 7, left0 = 10;
-    Place(lblShowButtonLabels, left0, 4, 700, 16);
+    Place(lblShowButtonLabels, left0, 4, 672, 16);
     CommandButton* bar[] = {&btnGlobal, &btnAddName, &btnSDA, &btnDelete, &btnUndelete, &btnMark, &btnGoTo,
                             &ShowAll, &btnUndo, &btnAttend, &btnViewFile, &btnExcel, &btnStats};
     const char* tips[] = {"Global Search", "Add a New Name to the File",
@@ -88,9 +88,9 @@ void EditForm::Layout() {
     }
     ShowAll.SetCaption("");
 
-    Place(SearchBoxLabel, 700, 4, 170, 16);
-    Place(SearchBox, 700, 21, 170, 22);
-    Place(FndNameBx, 700, 46, 170, 16);
+    Place(SearchBoxLabel, 688, 4, 190, 16);
+    Place(SearchBox, 688, 21, 182, 22);
+    Place(FndNameBx, 688, 46, 182, 16);
 
     // The list and where we stand in it.
     EditLabel.SetFontBold(true);
@@ -121,8 +121,8 @@ void EditForm::Layout() {
     field(lblState, State, 436, 168, 40);
     field(lblZip, Zip, 484, 168, 90);
     field(lblAge, Age, 582, 168, 76);
-    Place(Label_Mailist, 668, 168, 70, 15);
-    Place(MailList, 668, 185, 20, 20);
+    Place(Label_Mailist, 666, 168, 70, 15);
+    Place(MailList, 666, 185, 20, 20);
     field(lblRelPref, RelPref, 10, 214, 170);
     field(lblAdvertising, Advertising, 188, 214, 150);
     field(lblWorkerCode, WorkerCode, 346, 214, 70);
@@ -137,7 +137,7 @@ void EditForm::Layout() {
     Place(lBaptized, 340, 260, 90, 15);
     Place(Baptized, 340, 277, 20, 20);
     Place(chkMarkToVisit, 440, 276, 130, 22);
-    Place(btnPrayer, 700, 168, 170, 44);
+    Place(btnPrayer, 740, 168, 130, 44);
     btnPrayer.SetToolTipText("Use this instead of Notes  for all pertinant Comments or Prayer Requests [Ctrl-P]");
     btnPrayer.SetPicture("btnPrayer");
     RelPref.SetToolTipText("Select from List or type in name");
@@ -192,8 +192,12 @@ void EditForm::Layout() {
     Picture1.SetVisible(false);
 
     for (int i = 0; i <= 4; ++i) mnuRecentFile[i].SetVisible(false);
+    // The screen starts in the view and edit state.
     AddVisibility();
     ViewEditVisibility();
+    SetTopMenus(true);
+    for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(true);
+    ShowAll.SetVisible(false);
 }
 
 void EditForm::Wire() {
