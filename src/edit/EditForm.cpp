@@ -65,7 +65,7 @@ void EditForm::Layout() {
     lblShowButtonLabels.FixedPitch = true;
     lblShowButtonLabels.SetFont("Courier New", 9);
     const int charW = 7, left0 = 10;
-    Place(lblShowButtonLabels, left0, 4, 672, 16);
+    Place(lblShowButtonLabels, left0, 4, 688, 16);
     CommandButton* bar[] = {&btnGlobal, &btnAddName, &btnSDA, &btnDelete, &btnUndelete, &btnMark, &btnGoTo,
                             &ShowAll, &btnUndo, &btnAttend, &btnViewFile, &btnExcel, &btnStats};
     const char* tips[] = {"Global Search", "Add a New Name to the File",
@@ -88,9 +88,9 @@ void EditForm::Layout() {
     }
     ShowAll.SetCaption("");
 
-    Place(SearchBoxLabel, 688, 4, 190, 16);
-    Place(SearchBox, 688, 21, 182, 22);
-    Place(FndNameBx, 688, 46, 182, 16);
+    Place(SearchBoxLabel, 700, 4, 178, 16);
+    Place(SearchBox, 700, 21, 170, 22);
+    Place(FndNameBx, 700, 46, 170, 16);
 
     // The list and where we stand in it.
     EditLabel.SetFontBold(true);
