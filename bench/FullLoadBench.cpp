@@ -12,45 +12,14 @@
 #include "store/Program.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
-#include "support/RecordingSurface.h"
+#include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 // Answers every box with OK; the load of a generated crusade shows none.
-class BenchHost : public host::Host {
-public:
-    int MsgBox(const std::string&, int, const std::string&) override { return host::vbOK; }
-    std::string InputBox(const std::string&, const std::string&, const std::string&) override { return ""; }
-    bool ShowOpen(host::FileDialog&) override { return false; }
-    bool ShowSave(host::FileDialog&) override { return false; }
-    bool ShowPrinter(host::PrinterDialog&) override { return false; }
-    host::PrintSurface& Printer() override { return printer_; }
-    void ShowForm(forms::Form&, bool) override {}
-    void HideForm(forms::Form&) override {}
-    void UnloadForm(forms::Form&) override {}
-    void Refresh(forms::Form&) override {}
-    void SetBusy(bool) override {}
-    void PlayWave(const std::string&) override {}
-    int OpenDocument(const std::string&) override { return 33; }
-    std::optional<std::string> HttpGet(const std::string&) override { return std::nullopt; }
-    void ShowHelp(const std::string&, int, int) override {}
-    vb::DateTime Now() override { return {2026, 11, 22, 9, 30, 0}; }
-    std::string GetSetting(const std::string&, const std::string&, const std::string&,
-                           const std::string& def) override {
-        return def;
-    }
-    void SaveSetting(const std::string&, const std::string&, const std::string&, const std::string&) override {}
-    std::vector<std::pair<std::string, std::string>> GetAllSettings(const std::string&,
-                                                                    const std::string&) override {
-        return {};
-    }
-    void DeleteSetting(const std::string&, const std::string&, const std::string&) override {}
-
-private:
-    RecordingSurface printer_;
-};
+class BenchHost : public QuietHost {};
 
 // One folder for the run, removed at exit; each size is generated once.
 class Crusades {

@@ -7,7 +7,7 @@
 #include "platform/host/Host.h"
 #include "reports/PageLayout.h"
 #include "reports/SelPrinter.h"
-#include "support/RecordingSurface.h"
+#include "support/QuietHost.h"
 
 using host::Fonts;
 using Kind = RecordingSurface::OpKind;
@@ -15,7 +15,7 @@ using Kind = RecordingSurface::OpKind;
 namespace {
 
 // Only what printing reaches: the printer dialog, boxes and the printer.
-class PrintHost : public host::Host {
+class PrintHost : public QuietHost {
 public:
     struct Box {
         std::string prompt;
@@ -25,7 +25,6 @@ public:
     std::function<bool(host::PrinterDialog&)> dialog = [](host::PrinterDialog&) { return true; };
     host::PrinterDialog lastDialog;
     std::vector<Box> boxes;
-    RecordingSurface printer;
 
     int MsgBox(const std::string& prompt, int buttons, const std::string& title) override {
         boxes.push_back({prompt, buttons, title});
@@ -35,28 +34,6 @@ public:
         lastDialog = d;
         return dialog(d);
     }
-    host::PrintSurface& Printer() override { return printer; }
-
-    // Nothing else is reached while printing.
-    std::string InputBox(const std::string&, const std::string&, const std::string&) override { return ""; }
-    bool ShowOpen(host::FileDialog&) override { return false; }
-    bool ShowSave(host::FileDialog&) override { return false; }
-    void ShowForm(forms::Form&, bool) override {}
-    void HideForm(forms::Form&) override {}
-    void UnloadForm(forms::Form&) override {}
-    void Refresh(forms::Form&) override {}
-    void SetBusy(bool) override {}
-    void PlayWave(const std::string&) override {}
-    int OpenDocument(const std::string&) override { return 1; }
-    std::optional<std::string> HttpGet(const std::string&) override { return std::nullopt; }
-    void ShowHelp(const std::string&, int, int) override {}
-    vb::DateTime Now() override { return {2026, 11, 22, 9, 30, 0}; }
-    std::string GetSetting(const std::string&, const std::string&, const std::string&,
-                           const std::string& def) override { return def; }
-    void SaveSetting(const std::string&, const std::string&, const std::string&, const std::string&) override {}
-    std::vector<std::pair<std::string, std::string>> GetAllSettings(const std::string&,
-                                                                    const std::string&) override { return {}; }
-    void DeleteSetting(const std::string&, const std::string&, const std::string&) override {}
 };
 
 const std::string kTitle = "Team List";

@@ -76,9 +76,9 @@ std::string ScriptedHost::InputBox(const std::string& prompt, const std::string&
     return answer;
 }
 
-bool ScriptedHost::ShowOpen(host::FileDialog& d) {
-    shown.push_back({"Open", d.DialogTitle, d.DialogTitle, 0});
-    Expected* e = Next("Open", d.DialogTitle);
+bool ScriptedHost::FileDialog(const std::string& kind, host::FileDialog& d) {
+    shown.push_back({kind, d.DialogTitle, d.DialogTitle, 0});
+    Expected* e = Next(kind, d.DialogTitle);
     if (!e) return false;
     std::string path = e->text;
     expected_.pop_front();
@@ -87,16 +87,9 @@ bool ScriptedHost::ShowOpen(host::FileDialog& d) {
     return true;
 }
 
-bool ScriptedHost::ShowSave(host::FileDialog& d) {
-    shown.push_back({"Save", d.DialogTitle, d.DialogTitle, 0});
-    Expected* e = Next("Save", d.DialogTitle);
-    if (!e) return false;
-    std::string path = e->text;
-    expected_.pop_front();
-    if (path.empty()) return false;
-    d.FileName = path;
-    return true;
-}
+bool ScriptedHost::ShowOpen(host::FileDialog& d) { return FileDialog("Open", d); }
+
+bool ScriptedHost::ShowSave(host::FileDialog& d) { return FileDialog("Save", d); }
 
 bool ScriptedHost::ShowPrinter(host::PrinterDialog& d) {
     shown.push_back({"Printer", "", "", 0});

@@ -82,6 +82,7 @@ private:
         std::function<bool(host::PrinterDialog&)> printer;
     };
     Expected* Next(const std::string& kind, const std::string& text);
+    bool FileDialog(const std::string& kind, host::FileDialog& d);
     std::deque<Expected> expected_;
     std::map<std::string, std::function<void(forms::Form&)>> modal_;
     std::vector<forms::Form*> modalStack_;
