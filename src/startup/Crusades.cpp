@@ -56,6 +56,16 @@ void ClearCounters(Program& p) {
     p.RecordCount = 0;
 }
 
+// A new crusade's information file, an empty list and an empty record file.
+void StartEmptyCrusade(Program& p) {
+    p.MeetingNumber = 1;
+    p.FilterTotalAttend = 1;
+    p.PrintCutOff = 0;
+    SaveInfo(p);
+    ClearCounters(p);
+    OpenRecordFile(p);
+}
+
 // Reads the lists of a prior meeting's information file; false when the file is missing.
 bool ImportPriorLists(Program& p, const std::string& chosen) {
     return ReadPriorLists(p, Left(chosen, static_cast<long>(chosen.size()) - 3) + "inf");
@@ -122,12 +132,7 @@ void SelectCrusade(Program& p) {
             return;
         }
     }
-    p.MeetingNumber = 1;
-    p.FilterTotalAttend = 1;
-    p.PrintCutOff = 0;
-    SaveInfo(p);
-    ClearCounters(p);
-    OpenRecordFile(p);
+    StartEmptyCrusade(p);
     p.AddMode = true;
     if (p.ReligionList[1].empty()) DefaultLists(p);
     p.IsNewFile = true;
@@ -183,13 +188,8 @@ void ChangeCrusade(Program& p) {
     CloseCrusade(p);
     ResetForNew(p, path);
     SaveSettings(p);
-    p.MeetingNumber = 1;
     f.MtgNum.SetText("1");
-    p.FilterTotalAttend = 1;
-    p.PrintCutOff = 0;
-    SaveInfo(p);
-    ClearCounters(p);
-    OpenRecordFile(p);
+    StartEmptyCrusade(p);
     p.Loaded = false;
     p.IsNewFile = true;
     f.mnuAddRecords_Click();
