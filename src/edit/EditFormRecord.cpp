@@ -101,8 +101,7 @@ void EditForm::Highlight(Control& c) { c.SetBackColor(HighlightColor); }
 void EditForm::SetupScreen(const std::string& labelText) {
     const std::string nl = p.CrLf;
     RecordCounter.SetCaption(CStr(p.CurrentIndex) + " of " + CStr(p.IndexCount));
-    SetCaption(std::string(p.AddMode ? "Vestrel Add Name Screen: " : "Vestrel Edit Screen: ") +
-               RTrim(p.CrusadeName) + " Crusade (Meeting # " + CStr(p.MeetingNumber) + ")");
+    SetCaption("Vestrel Edit Screen: " + RTrim(p.CrusadeName) + " Crusade (Meeting # " + CStr(p.MeetingNumber) + ")");
     std::string heading = p.PrintCutOff != 0 ? nl + "Last Mtg >" + CStr(p.PrintCutOff) : nl + "All Names";
     std::string cutOff = CStr(p.PrintCutOff);
 

@@ -33,17 +33,22 @@ void Main(Program& p) {
     IgnoringErrors([&] { ChDir(p.AppPath); });
     p.CurrentFolder = p.AppPath;
     std::string temp = p.AppPath + "/temp";
+    auto madeDataFolder = [&] {
+        if (p.OnDataFolderCreated && DirExists(p.DataPath())) p.OnDataFolderCreated(p);
+        p.host.MsgBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder." + p.CrLf +
+                      "It is recommended that you use this folder for all of your crusade files.");
+    };
     if (DirExists(temp) && !Dir(temp + "/*.*").empty()) {
         // Remnants of an old installation.
         IgnoringErrors([&] { Kill(temp + "/*.*"); });
         IgnoringErrors([&] { RmDir(temp); });
+        bool had = FolderExistsNoCase(p.DataPath());
         IgnoringErrors([&] { MkDir(p.DataPath()); });
+        if (!had) madeDataFolder();
     }
     if (!FolderExistsNoCase(p.DataPath())) {
         IgnoringErrors([&] { MkDir(p.DataPath()); });
-        if (p.OnDataFolderCreated && DirExists(p.DataPath())) p.OnDataFolderCreated(p);
-        p.host.MsgBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder." + p.CrLf +
-                      "It is recommended that you use this folder for all of your crusade files.");
+        madeDataFolder();
     }
     std::vector<std::string> leftovers = Dir(p.AppPath + "/*.??_");
     if (!leftovers.empty()) {
