@@ -1,4 +1,6 @@
 // Showing a person, the screen's set-up per list kind, and walking the list.
+#include <algorithm>
+
 #include "edit/EditForm.h"
 #include "platform/vb/Strings.h"
 #include "store/Program.h"
@@ -215,8 +217,13 @@ void EditForm::btnMark_Click() {
 }
 
 void EditForm::btnGoTo_Click() {
-    p.CurrentIndex = p.SavedIndex != 0 ? p.SavedIndex : HeldPosition;
-    if (p.CurrentIndex > p.IndexCount) p.CurrentIndex = p.IndexCount;
+    int target = p.SavedIndex != 0 ? p.SavedIndex : HeldPosition;
+    if (target == 0) {
+        // Nothing marked and no move made yet: nowhere to go back to.
+        PlaySound(p, "clunk");
+        return;
+    }
+    p.CurrentIndex = std::min(target, p.IndexCount);
     FetchCurrentRecord(p);
     ShowRecord();
     SetupScreen("");

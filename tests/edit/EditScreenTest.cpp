@@ -124,6 +124,10 @@ TEST(EditScreen, WalkingMarkingAndGoingBack) {
     EditFixture f;
     Program& p = f.c.p;
     EditForm& e = *f.e;
+    e.btnGoTo_Click();   // nothing marked, no move yet: refused, nobody else shown
+    EXPECT_EQ("Adams", e.LName.Text());
+    EXPECT_FALSE(p.AddMode);
+    f.c.host.sounds.clear();
     e.ChgRec_Click(0);
     e.ChgRec_Click(1);   // before the first: refused, same person
     EXPECT_EQ("Adams", e.LName.Text());
