@@ -156,3 +156,24 @@ TEST(FullLoad, FixFilesLeavesTheMeetingAtTheHighestAttended) {
     FullLoad(c.p);
     EXPECT_EQ(3, c.p.MeetingNumber);
 }
+
+TEST(FullLoad, RecordsOfRandomBytesAreRepairedWithoutHarm) {
+    TestCrusade c;
+    std::string bytes;
+    unsigned state = 12345;
+    for (int i = 0; i < 50 * MasterRecord::Length; ++i) {
+        state = state * 1103515245u + 12345u;
+        bytes += static_cast<char>((state >> 16) & 0xFF);
+    }
+    c.WriteFile(c.dataFile, bytes);
+    OpenRecordFile(c.p);
+    FullLoad(c.p);
+    for (long i = 1; i <= 50; ++i) {
+        MasterRecord r = c.ReadRecord(i);
+        std::string wc = r.WorkerCode;
+        EXPECT_TRUE((wc >= "00" && wc <= "40") || wc == "##") << i;
+        EXPECT_EQ(std::string(3, ' '), r.Decisions.str().substr(9)) << i;
+    }
+    EXPECT_GE(c.p.MeetingNumber, 1);
+    EXPECT_LE(c.p.MeetingNumber, 40);
+}
