@@ -34,6 +34,7 @@
 #include <QTextBrowser>
 #include <QTimer>
 
+#include "QtTestApp.h"
 #include "platform/forms/Form.h"
 #include "platform/qt/FormView.h"
 #include "platform/qt/QtHost.h"
@@ -182,12 +183,7 @@ void WhenModal(std::function<void(T*)> act) {
 
 class FormViewTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "test_qt";
-        static char* argv[] = {name, nullptr};
-        if (!QCoreApplication::instance()) new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureQtApplication(); }
 
     void SetUp() override {
         QDir(dir.path()).mkpath("pictures");

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
+#include "QtTestApp.h"
 #include "platform/qt/QtPrintSurface.h"
 
 using host::Fonts;
@@ -39,12 +40,7 @@ int PageCount(const std::string& pdf) {
 
 class PdfSurface : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "test_qt";
-        static char* argv[] = {name, nullptr};
-        if (!QCoreApplication::instance()) new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureQtApplication(); }
     std::string Path(const std::string& name) const { return dir.filePath(QString::fromStdString(name)).toStdString(); }
 
     QTemporaryDir dir;
