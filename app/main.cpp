@@ -8,7 +8,7 @@
 #include "startup/Install.h"
 #include "startup/Lifecycle.h"
 #include "store/Generator.h"
-#include "store/Program.h"
+#include "program/Program.h"
 
 #ifndef VESTREL_RESOURCES
 #define VESTREL_RESOURCES "resources"

@@ -6,10 +6,11 @@
 #include <map>
 #include <unistd.h>
 
+#include "edit/Navigate.h"
 #include "platform/host/Host.h"
+#include "program/Program.h"
 #include "store/Generator.h"
 #include "store/Info.h"
-#include "store/Program.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "support/QuietHost.h"

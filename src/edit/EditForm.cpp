@@ -1,7 +1,7 @@
 #include "edit/EditForm.h"
 
 #include "platform/vb/Strings.h"
-#include "store/Program.h"
+#include "program/Program.h"
 #include "store/SortIndex.h"
 #include "store/Sounds.h"
 

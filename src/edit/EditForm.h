@@ -17,6 +17,8 @@ public:
     void ResetBackColor();
     void SetBackColor();
     void UpdateRecentMenu();
+    // Adds the path unless the menu already shows it; the menu is refreshed either way.
+    void RememberFile(const std::string& path);
 
     // Form events.
     void Form_Load() override;

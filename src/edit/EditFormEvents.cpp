@@ -1,11 +1,12 @@
 // The form's own events, add mode's entry and exit, and the plain menu entries.
 #include "edit/EditForm.h"
+#include "edit/Navigate.h"
 #include "platform/vb/Strings.h"
+#include "program/Program.h"
 #include "startup/Crusades.h"
 #include "startup/Lifecycle.h"
-#include "store/Program.h"
-#include "store/Records.h"
 #include "store/Recent.h"
+#include "store/Records.h"
 #include "store/SortIndex.h"
 
 using namespace forms;
@@ -225,13 +226,31 @@ void EditForm::mnuAbout_Click() {
 
 void EditForm::mnuExit_Click() { Unload(); }
 
-void EditForm::UpdateRecentMenu() { ::UpdateRecentMenu(p); }
+void EditForm::UpdateRecentMenu() {
+    int shown = 0;
+    for (const auto& [key, path] : RecentFiles(p)) {
+        if (shown >= 4) break;
+        if (path.empty() || !vb::FileExists(path)) continue;
+        ++shown;
+        mnuRecentFile[shown].SetCaption(path);
+        mnuRecentFile[shown].SetVisible(true);
+        mnuRecentFile[0].SetVisible(true);
+    }
+}
+
+void EditForm::RememberFile(const std::string& path) {
+    bool present = false;
+    for (int i = 1; i <= 4; ++i)
+        if (mnuRecentFile[i].Visible() && mnuRecentFile[i].Caption() == path) present = true;
+    if (!present) AddRecentFile(p, path);
+    UpdateRecentMenu();
+}
 
 void EditForm::mnuRecentFile_Click(int Index) {
     p.ScratchValue = mnuRecentFile[Index].Caption();
     p.ScratchText = "skipDialog";
     mnuChgCr_Click();
-    ::UpdateRecentMenu(p);
+    UpdateRecentMenu();
 }
 
 void EditForm::mnuChgCr_Click() { ChangeCrusade(p); }

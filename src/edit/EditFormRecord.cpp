@@ -2,8 +2,9 @@
 #include <algorithm>
 
 #include "edit/EditForm.h"
+#include "edit/Navigate.h"
 #include "platform/vb/Strings.h"
-#include "store/Program.h"
+#include "program/Program.h"
 #include "store/SortIndex.h"
 #include "store/Sounds.h"
 

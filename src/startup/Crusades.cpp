@@ -1,15 +1,17 @@
 #include "startup/Crusades.h"
 
 #include "edit/EditForm.h"
+#include "edit/Navigate.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
+#include "program/Program.h"
 #include "startup/Lifecycle.h"
 #include "startup/frmSplash.h"
 #include "store/Info.h"
 #include "store/Members.h"
-#include "store/Program.h"
 #include "store/Recent.h"
 #include "store/Records.h"
+#include "store/Settings.h"
 #include "store/SortIndex.h"
 
 using namespace vb;
@@ -175,7 +177,7 @@ void ChangeCrusade(Program& p) {
         f.Show();
         if (FetchCurrentRecord(p)) f.ShowRecord();
         f.SetupScreen("");
-        RememberFile(p, p.DataFile);
+        p.Edit().RememberFile(p.DataFile);
         f.ShowAll.SetVisible(false);
         f.Enable(f.mnuEdit, true);
         p.host.MsgBox(p.CrusadeName + " Has been loaded successfully.");

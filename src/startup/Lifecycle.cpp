@@ -3,10 +3,11 @@
 #include "edit/EditForm.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
+#include "program/Program.h"
 #include "startup/frmSplash.h"
 #include "store/Info.h"
 #include "store/Members.h"
-#include "store/Program.h"
+#include "store/Settings.h"
 
 using namespace vb;
 
@@ -58,46 +59,6 @@ void Main(Program& p) {
     p.StartUp = true;
     p.Splash().Show(true);
     p.Edit().Show();
-}
-
-void LoadSettings(Program& p) {
-    try {
-        TextReader in(p.SettingsPath());
-        p.DataFile = in.InputString();
-        in.InputString();   // "Available"
-        p.ShowButtonLabels = in.InputLong() != 0;
-        p.LabelTop = in.InputLong();
-        p.LabelRight = in.InputLong();
-    } catch (const RuntimeError&) {
-        // A short or missing file loads what it can.
-    }
-    if (!p.DataFile.empty() && FileExists(p.DataFile)) {
-        p.DataFolder = FolderOf(p.DataFile);
-        IgnoringErrors([&] { ChDir(p.DataFolder); });
-        p.CurrentFolder = p.DataFolder;
-    } else {
-        p.DataFile.clear();
-        p.DataFolder.clear();
-    }
-}
-
-void SaveSettings(Program& p) {
-    IgnoringErrors([&] { ChDir(p.AppPath); });
-    TextWriter w;
-    try {
-        w.Open(p.SettingsPath(), TextWriter::Mode::Output, true);
-        w.PrintLine(p.DataFile);
-        w.PrintLine("Available");
-        w.PrintLine(p.ShowButtonLabels ? -1L : 0L);
-        w.PrintLine(p.LabelTop);
-        w.PrintLine(p.LabelRight);
-        w.Close();
-    } catch (const RuntimeError& e) {
-        w.Abandon();
-        p.host.MsgBox("The settings file could not be written:" + p.CrLf + p.SettingsPath() + p.CrLf +
-                          "Error # " + CStr(e.Number) + ": " + e.Description(),
-                      host::vbExclamation, "File Error");
-    }
 }
 
 void CloseCrusade(Program& p) {

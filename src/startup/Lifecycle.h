@@ -3,6 +3,4 @@
 struct Program;
 
 void Main(Program& p);
-void LoadSettings(Program& p);
-void SaveSettings(Program& p);
 void CloseCrusade(Program& p);

@@ -1,14 +1,16 @@
 #include "startup/frmSplash.h"
 
 #include "edit/EditForm.h"
+#include "edit/Navigate.h"
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
+#include "program/Program.h"
 #include "startup/Crusades.h"
 #include "startup/Lifecycle.h"
 #include "store/Info.h"
 #include "store/Members.h"
-#include "store/Program.h"
 #include "store/Records.h"
+#include "store/Settings.h"
 #include "store/SortIndex.h"
 
 using namespace forms;

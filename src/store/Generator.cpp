@@ -13,7 +13,7 @@
 #include "platform/vb/Strings.h"
 #include "store/Info.h"
 #include "store/Members.h"
-#include "store/Program.h"
+#include "store/State.h"
 #include "store/Records.h"
 
 using namespace vb;
@@ -194,7 +194,7 @@ struct Card {
 
 class CrusadeMaker {
 public:
-    CrusadeMaker(Program& p, unsigned seed, int meetings) : p_(p), dice_(seed), meetings_(meetings) {}
+    CrusadeMaker(ProgramState& p, unsigned seed, int meetings) : p_(p), dice_(seed), meetings_(meetings) {}
 
     int DrawMeetings() {
         // Most crusades are looked at somewhere in the middle of the series.
@@ -596,7 +596,7 @@ private:
         r.Last = static_cast<std::int16_t>(last);
     }
 
-    Program& p_;
+    ProgramState& p_;
     Dice dice_;
     int meetings_;
     int teams_ = 3;
@@ -610,7 +610,7 @@ private:
 
 }  // namespace
 
-void GenerateCrusade(Program& p, const std::string& dtaPath, int people, unsigned seed, int meetingsHeld,
+void GenerateCrusade(ProgramState& p, const std::string& dtaPath, int people, unsigned seed, int meetingsHeld,
                      const std::string& crusadeName) {
     people = std::min(9999, std::max(0, people));
     p.File1.Close();

@@ -4,7 +4,7 @@
 // gives a new user something to open, and tests and benchmarks their data.
 #include <string>
 
-struct Program;
+struct ProgramState;
 
 // Writes dtaPath (people records, at most 9999) and the .inf, .zps and .mem
 // beside it, and leaves p as opening that crusade would: DataFile, the lists,
@@ -12,5 +12,5 @@ struct Program;
 // it and run FullLoad to load the crusade. meetingsHeld 0 draws a number from
 // the seed; crusadeName empty takes the file's base name. The same arguments
 // give the same bytes (the .inf's last line is the host's clock).
-void GenerateCrusade(Program& p, const std::string& dtaPath, int people, unsigned seed, int meetingsHeld = 0,
+void GenerateCrusade(ProgramState& p, const std::string& dtaPath, int people, unsigned seed, int meetingsHeld = 0,
                      const std::string& crusadeName = "");

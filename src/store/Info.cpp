@@ -2,8 +2,8 @@
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
-#include "startup/Convert.h"
-#include "store/Program.h"
+#include "store/Convert.h"
+#include "store/State.h"
 #include "store/Records.h"
 
 using namespace vb;
@@ -45,7 +45,7 @@ struct LenientReader {
     }
 };
 
-void ReadLists(Program& p, LenientReader& r, int teams) {
+void ReadLists(ProgramState& p, LenientReader& r, int teams) {
     for (int i = 1; i <= teams; ++i) {
         std::string s;
         if (r.Str(s) && !s.empty() && s != ":") p.TeamNames[i] = s;
@@ -78,7 +78,7 @@ void ReadLists(Program& p, LenientReader& r, int teams) {
     if (r.Str(stamp)) p.LastUpdated = stamp;
 }
 
-void Overwrites(Program& p) {
+void Overwrites(ProgramState& p) {
     p.AgeGroups[0] = "NIF";
     p.AgeGroups[6] = "60-69";
     p.DecisionNames[1] = "Accept Christ";
@@ -102,7 +102,7 @@ double InfoVersionNumber(const std::string& line9) {
     return Val(Mid(line9, 9, 3));
 }
 
-void LoadInfo(Program& p) {
+void LoadInfo(ProgramState& p) {
     std::string path = p.DataFile.empty() ? std::string("unknown") : p.CrusadeFile("inf");
     DefaultLists(p);
     p.CrusadeName = p.DataFile.empty() ? std::string() : BaseName(p.DataFile);
@@ -150,7 +150,7 @@ void LoadInfo(Program& p) {
     if (version < "version 2.2.0") ConvertFrom369(p);
 }
 
-bool ReadPriorLists(Program& p, const std::string& infPath) {
+bool ReadPriorLists(ProgramState& p, const std::string& infPath) {
     if (!FileExists(infPath)) return false;
     LenientReader r;
     try {
@@ -166,7 +166,7 @@ bool ReadPriorLists(Program& p, const std::string& infPath) {
     return true;
 }
 
-bool SaveInfo(Program& p) {
+bool SaveInfo(ProgramState& p) {
     std::string path = p.DataFile.empty() ? std::string("unknown") : p.CrusadeFile("inf");
     TextWriter w;
     try {

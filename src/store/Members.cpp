@@ -2,7 +2,7 @@
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
-#include "store/Program.h"
+#include "store/State.h"
 
 using namespace vb;
 
@@ -19,7 +19,7 @@ std::vector<std::string> ReadEntries(const std::string& path, std::size_t limit)
     return out;
 }
 
-bool WriteEntries(Program& p, const std::string& path, const std::string* first, int count) {
+bool WriteEntries(ProgramState& p, const std::string& path, const std::string* first, int count) {
     TextWriter w;
     try {
         w.Open(path, TextWriter::Mode::Output, true);
@@ -36,7 +36,7 @@ bool WriteEntries(Program& p, const std::string& path, const std::string* first,
     }
 }
 
-void LoadMembersChecked(Program& p) {
+void LoadMembersChecked(ProgramState& p) {
     std::vector<std::string> lines = ReadEntries(p.CrusadeFile("mem"), 100000);
     p.MemberList.assign(1, std::string());
     for (const std::string& line : lines) {
@@ -57,31 +57,31 @@ void LoadMembersChecked(Program& p) {
 
 }  // namespace
 
-void LoadMembers(Program& p) {
+void LoadMembers(ProgramState& p) {
     std::vector<std::string> lines = ReadEntries(p.CrusadeFile("mem"), 100000);
     p.MemberList.assign(1, std::string());
     p.MemberList.insert(p.MemberList.end(), lines.begin(), lines.end());
     p.MemberCount = static_cast<int>(lines.size());
 }
 
-void SaveMembers(Program& p) {
+void SaveMembers(ProgramState& p) {
     if (p.MemberCount <= 0) return;
     WriteEntries(p, p.CrusadeFile("mem"), &p.MemberList[1], p.MemberCount);
 }
 
-void LoadZips(Program& p) {
+void LoadZips(ProgramState& p) {
     // The table holds 2000 entries; a longer file stops there.
     std::vector<std::string> lines = ReadEntries(p.CrusadeFile("zps"), 2000);
     for (std::size_t i = 0; i < lines.size(); ++i) p.ZipList[i + 1] = lines[i];
     p.ZipCount = static_cast<int>(lines.size());
 }
 
-void SaveZips(Program& p) {
+void SaveZips(ProgramState& p) {
     if (p.ZipCount < 0) return;
     WriteEntries(p, p.CrusadeFile("zps"), &p.ZipList[1], p.ZipCount);
 }
 
-void SaveMembersAfterLoad(Program& p) {
+void SaveMembersAfterLoad(ProgramState& p) {
     try {
         SaveMembers(p);
     } catch (const RuntimeError&) {

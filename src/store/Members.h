@@ -1,12 +1,12 @@
 #pragma once
 // The member file (<name>.mem) and the zip table (<name>.zps).
-struct Program;
+struct ProgramState;
 
-void LoadMembers(Program& p);
+void LoadMembers(ProgramState& p);
 // Writes the list when it holds anybody; an emptied list leaves the old file.
-void SaveMembers(Program& p);
-void LoadZips(Program& p);
-void SaveZips(Program& p);
+void SaveMembers(ProgramState& p);
+void LoadZips(ProgramState& p);
+void SaveZips(ProgramState& p);
 // The member step at the end of a load: write, read back with the
 // duplicate-member question, write again. Permission denied is passed over.
-void SaveMembersAfterLoad(Program& p);
+void SaveMembersAfterLoad(ProgramState& p);

@@ -1,10 +1,13 @@
 #pragma once
 // The recently used crusades, kept in the settings store ("MDINote", "Recent Files").
 #include <string>
+#include <utility>
+#include <vector>
 
-struct Program;
+struct ProgramState;
 
-void UpdateRecentMenu(Program& p);
-void AddRecentFile(Program& p, const std::string& path);
-// Adds the path unless the menu already shows it; the menu is refreshed either way.
-void RememberFile(Program& p, const std::string& path);
+// The number of a key "RecentFileN"; 0 for any other key.
+int RecentKeyNumber(const std::string& key);
+// Every entry of the section, ordered by its key's number.
+std::vector<std::pair<std::string, std::string>> RecentFiles(ProgramState& p);
+void AddRecentFile(ProgramState& p, const std::string& path);

@@ -2,31 +2,31 @@
 
 #include "platform/vb/Strings.h"
 #include "store/Info.h"
-#include "store/Program.h"
+#include "store/State.h"
 
 using namespace vb;
 
-void OpenRecordFile(Program& p) {
+void OpenRecordFile(ProgramState& p) {
     p.File1.Close();
-    p.File1.Open(p.DataFile, Program::RecLen);
+    p.File1.Open(p.DataFile, ProgramState::RecLen);
     p.RecordCount = p.File1.RecordCount();
 }
 
-bool GetRecord(Program& p, long n) {
+bool GetRecord(ProgramState& p, long n) {
     MasterRecord cleared;
     p.MasterRec = cleared;
-    char buf[Program::RecLen];
+    char buf[ProgramState::RecLen];
     bool ok = p.File1.Get(n, buf);
     if (ok) p.MasterRec = DecodeRecord(buf);
     return ok;
 }
 
-void PutRecord(Program& p, long n) {
+void PutRecord(ProgramState& p, long n) {
     RecordBytes b = EncodeRecord(p.MasterRec);
     p.File1.Put(n, b.data());
 }
 
-std::string NextRNum(Program& p) {
+std::string NextRNum(ProgramState& p) {
     if (p.NumberDirection == "UP") p.LastRNum += 1;
     else if (p.NumberDirection == "DOWN") p.LastRNum -= 1;
     std::string num = Right("0000" + Trim(CStr(p.LastRNum)), 4);
@@ -36,12 +36,12 @@ std::string NextRNum(Program& p) {
 
 std::string RecordPointer(long n) { return Right("   " + Str(n), 4); }
 
-std::string AlphaEntry(const Program& p, long n) {
+std::string AlphaEntry(const ProgramState& p, long n) {
     const MasterRecord& r = p.MasterRec;
     return r.RNum.str() + UCase(Left(r.LName, 5)) + UCase(Left(r.FName, 2)) + RecordPointer(n);
 }
 
-void DefaultLists(Program& p) {
+void DefaultLists(ProgramState& p) {
     static const char* religions[] = {"SDA", "Baptist", "Catholic", "Christian", "ChGod", "NoDenominational",
                                       "Episcopal", "Lutheran", "Methodist", "NoChurch", "UnSpecified", "Other",
                                       "Pentecostal", "Presbyterian"};

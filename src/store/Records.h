@@ -2,19 +2,19 @@
 // The record file and the crusade-wide defaults.
 #include <string>
 
-struct Program;
+struct ProgramState;
 
 // Opens DataFile as file number 1 and sets RecordCount (a partial tail record is ignored).
-void OpenRecordFile(Program& p);
+void OpenRecordFile(ProgramState& p);
 // Reads record n into MasterRec after clearing it; false past the end of the file.
-bool GetRecord(Program& p, long n);
+bool GetRecord(ProgramState& p, long n);
 // Writes MasterRec to record n.
-void PutRecord(Program& p, long n);
+void PutRecord(ProgramState& p, long n);
 // Draws the next registration number and rewrites the information file at once.
-std::string NextRNum(Program& p);
+std::string NextRNum(ProgramState& p);
 // The crusade-wide lists at their defaults.
-void DefaultLists(Program& p);
+void DefaultLists(ProgramState& p);
 // The entry of the "alpha" list for MasterRec at record n.
-std::string AlphaEntry(const Program& p, long n);
+std::string AlphaEntry(const ProgramState& p, long n);
 // The last 4 characters of three blanks and the number in Str form.
 std::string RecordPointer(long n);

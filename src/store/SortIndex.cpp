@@ -4,11 +4,10 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "edit/EditForm.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "store/Members.h"
-#include "store/Program.h"
+#include "store/State.h"
 #include "store/Records.h"
 #include "store/Sounds.h"
 
@@ -35,7 +34,7 @@ bool IsPlaceholder(const MasterRecord& r) {
     return Trim(r.FName).empty() && Trim(r.LName) == "Unknown" && Trim(r.Address).empty();
 }
 
-void NormaliseAttendance(Program& p) {
+void NormaliseAttendance(ProgramState& p) {
     MasterRecord& r = p.MasterRec;
     r.Attendance = Trim(r.Attendance);
     if (Trim(r.Attendance).empty()) {
@@ -57,7 +56,7 @@ void NormaliseAttendance(Program& p) {
     if (last > p.MeetingNumber) p.MeetingNumber = last;
 }
 
-void NormaliseDecisions(Program& p) {
+void NormaliseDecisions(ProgramState& p) {
     MasterRecord& r = p.MasterRec;
     std::string d = Left(Trim(r.Decisions), 9);
     d.resize(9, ' ');
@@ -70,7 +69,7 @@ void NormaliseDecisions(Program& p) {
     r.Decisions = d;
 }
 
-void NormaliseAge(Program& p) {
+void NormaliseAge(ProgramState& p) {
     MasterRecord& r = p.MasterRec;
     std::string age = Trim(r.Age);
     if (age.empty() || age == "Unknown") age = "NIF";
@@ -80,7 +79,7 @@ void NormaliseAge(Program& p) {
 
 // Shows the same boxes in the same order as comparing each entry with every
 // other, but finds "another entry with this number" through a count per number.
-void DuplicateCheck(Program& p) {
+void DuplicateCheck(ProgramState& p) {
     std::unordered_map<std::string, int> counts;
     for (int i = 1; i <= p.IndexCount; ++i) ++counts[Left(p.SortIndex[i], 4)];
     std::string lastReported;
@@ -107,7 +106,7 @@ struct BusyPointer {
 
 }  // namespace
 
-void SortEntries(Program& p) {
+void SortEntries(ProgramState& p) {
     int n = p.IndexCount;
     if (n == 0) return;
     BusyPointer busy(p.host);
@@ -130,66 +129,21 @@ void SortEntries(Program& p) {
     } while (gap != 1 || swapped);
 }
 
-int FindByNumber(const Program& p) {
+int FindByNumber(const ProgramState& p) {
     std::string num = UCase(p.MasterRec.RNum);
     for (int i = 1; i <= p.IndexCount; ++i)
         if (UCase(Left(p.SortIndex[i], 4)) == num) return i;
     return 0;
 }
 
-bool FetchCurrentRecord(Program& p) {
-    if (p.CurrentIndex == 0) {
-        p.Loaded = false;
-        p.Edit().mnuAddRecords_Click();
-        return false;
-    }
-    std::string entry;
-    try {
-        if (p.CurrentIndex < 0 || p.CurrentIndex >= static_cast<int>(p.SortIndex.size())) Raise(errSubscript);
-        entry = p.SortIndex[p.CurrentIndex];
-        p.RecordPos = static_cast<long>(Val(Right(entry, 4)));
-        if (p.RecordPos < 1) Raise(errBadRecordNumber);
-        GetRecord(p, p.RecordPos);
-        return true;
-    } catch (const RuntimeError& e) {
-        const std::string& nl = p.CrLf;
-        p.host.MsgBox("Error # " + CStr(e.Number) + nl + "Error: " + e.Description() + nl + "LastRecord = " +
-                      CStr(static_cast<long>(p.File1.IsOpen() ? p.File1.LOF() / Program::RecLen : 0)) + nl +
-                      "LastIndex = " + CStr(p.IndexCount) + nl + "i = " + CStr(p.CurrentIndex) + nl +
-                      "index = " + entry + nl + "Len of index = " + CStr(static_cast<long>(entry.size())) + nl +
-                      "Record Number = " + CStr(p.RecordPos));
-        return false;
-    }
-}
-
-void GoRecord(Program& p, int kind) {
-    switch (kind) {
-    case 0: p.CurrentIndex = 1; break;
-    case 1:
-        if (p.CurrentIndex <= 1) PlaySound(p, "clunk");
-        else --p.CurrentIndex;
-        break;
-    case 2:
-        if (p.CurrentIndex >= p.IndexCount) PlaySound(p, "clunk");
-        else ++p.CurrentIndex;
-        break;
-    case 3: p.CurrentIndex = p.IndexCount; break;
-    default: break;
-    }
-    FetchCurrentRecord(p);
-    EditForm& f = p.Edit();
-    f.ShowRecord();
-    f.SetupScreen("");
-}
-
-void AddIndexEntry(Program& p, long n) {
+void AddIndexEntry(ProgramState& p, long n) {
     ++p.IndexCount;
     p.SortIndex.resize(p.IndexCount + 1);
     p.SortIndex[p.IndexCount] = "-------" + RecordPointer(n);
     p.CurrentIndex = p.IndexCount;
 }
 
-void RebuildAlpha(Program& p) {
+void RebuildAlpha(ProgramState& p) {
     p.PriorSortName = p.SortName;
     BusyPointer busy(p.host);
     p.SortIndex.assign(1, "alpha");
@@ -205,7 +159,7 @@ void RebuildAlpha(Program& p) {
     SortEntries(p);
 }
 
-void CountZips(Program& p) {
+void CountZips(ProgramState& p) {
     p.ZipList[0] = "0";
     for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Fixed(Left(p.ZipList[z], 29), 29) + "   0";
     if (p.ZipCount == 0) return;
@@ -223,9 +177,8 @@ void CountZips(Program& p) {
     for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Left(p.ZipList[z], 29) + Right("    " + CStr(counts[z]), 4);
 }
 
-void FullLoad(Program& p) {
+bool FullLoadPass(ProgramState& p) {
     bool clearFlag = p.ScratchValue == "ClearFlag";
-    bool wasLoaded = p.Loaded;
     BusyPointer busy(p.host);
     p.SortIndex.assign(1, "alpha");
     p.SortName = "alpha";
@@ -236,7 +189,7 @@ void FullLoad(Program& p) {
         p.host.MsgBox("The file " + p.DataFile + " is in use by another copy of Vestrel." + p.CrLf +
                           "Close the other copy and try again.",
                       host::vbExclamation);
-        return;
+        return false;
     }
     int counter = 0;
     bool master = p.CrusadeName == "Master";
@@ -273,10 +226,5 @@ void FullLoad(Program& p) {
     p.CurrentIndex = p.IndexCount > 0 ? 1 : 0;
     SortEntries(p);
     CountZips(p);
-    if (!wasLoaded) return;
-    EditForm& f = p.Edit();
-    if (FetchCurrentRecord(p)) f.ShowRecord();
-    f.SetupScreen("");
-    if (f.Visible()) p.host.ActivateForm(&f);
-    SaveMembersAfterLoad(p);
+    return true;
 }

@@ -1,8 +1,8 @@
 #include "store/Sounds.h"
 
-#include "store/Program.h"
+#include "store/State.h"
 
-void PlaySound(Program& p, const std::string& name) {
+void PlaySound(ProgramState& p, const std::string& name) {
     if (!p.SoundOn) return;
     if (name == "clunk") p.SoundFile = "/S02.wav";
     else if (name == "filedone") p.SoundFile = "/S04.wav";

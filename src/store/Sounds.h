@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-struct Program;
+struct ProgramState;
 
 // Plays a sound effect by name while SoundOn is true, without waiting.
-void PlaySound(Program& p, const std::string& name);
+void PlaySound(ProgramState& p, const std::string& name);

@@ -140,7 +140,7 @@ TEST(Crusades, RecentFilesSkipVanishedFilesAndShiftKeys) {
     AddRecentFile(c.p, c.dataFile);
     EXPECT_EQ(c.dataFile, c.host.GetSetting("MDINote", "Recent Files", "RecentFile1", ""));
     EXPECT_EQ("/no/such/file.dta", c.host.GetSetting("MDINote", "Recent Files", "RecentFile2", ""));
-    UpdateRecentMenu(c.p);
+    c.p.Edit().UpdateRecentMenu();
     EditForm& e = c.p.Edit();
     EXPECT_EQ(c.dataFile, e.mnuRecentFile[1].Caption());
     EXPECT_FALSE(e.mnuRecentFile[2].Visible());

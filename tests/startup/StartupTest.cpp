@@ -7,6 +7,7 @@
 #include "startup/Lifecycle.h"
 #include "startup/frmSplash.h"
 #include "store/Info.h"
+#include "store/Settings.h"
 #include "support/TestCrusade.h"
 
 namespace fs = std::filesystem;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "edit/Navigate.h"
 #include "platform/vb/Strings.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"

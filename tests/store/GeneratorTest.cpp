@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "edit/Navigate.h"
 #include "platform/vb/Strings.h"
 #include "store/Generator.h"
 #include "store/Members.h"

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "edit/Navigate.h"
 #include "platform/vb/Files.h"
 #include "store/Members.h"
 #include "store/Records.h"

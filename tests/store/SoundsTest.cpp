@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "store/Program.h"
+#include "program/Program.h"
 #include "store/Sounds.h"
 #include "support/ScriptedHost.h"
 

@@ -1,13 +1,13 @@
+#include "edit/Navigate.h"
+#include "store/Info.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
 #include "support/TestCrusade.h"
 
 #include <atomic>
 #include <fstream>
 #include <sstream>
 #include <unistd.h>
-
-#include "store/Info.h"
-#include "store/Records.h"
-#include "store/SortIndex.h"
 
 namespace fs = std::filesystem;
 

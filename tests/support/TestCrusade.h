@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "store/MasterRecord.h"
-#include "store/Program.h"
+#include "program/Program.h"
 #include "support/ScriptedHost.h"
 
 class TempFolder {

@@ -1,7 +1,7 @@
 #pragma once
 // Record files of older versions (371 and 369 bytes) turned into the current form.
-struct Program;
+struct ProgramState;
 
 // Asks, then converts; false when the operator declined (the process then ends).
-bool ConvertFrom371(Program& p);
-bool ConvertFrom369(Program& p);
+bool ConvertFrom371(ProgramState& p);
+bool ConvertFrom369(ProgramState& p);

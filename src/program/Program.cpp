@@ -1,21 +1,11 @@
-#include "store/Program.h"
+#include "program/Program.h"
 
 #include "edit/EditForm.h"
 #include "startup/frmSplash.h"
-#include "store/Records.h"
 
-Program::Program(host::Host& h, std::string appPath) : host(h), AppPath(std::move(appPath)) {
-    DefaultLists(*this);
-    AgeGroups[0] = "NIF";
-    AgeGroups[6] = "60-69";
-}
+Program::Program(host::Host& h, std::string appPath) : ProgramState(h, std::move(appPath)) {}
 
 Program::~Program() = default;
-
-std::string Program::CrusadeFile(const std::string& ext) const {
-    std::string base = DataFile.size() >= 3 ? DataFile.substr(0, DataFile.size() - 3) : std::string();
-    return base + ext;
-}
 
 EditForm& Program::Edit() {
     if (!editForm_) editForm_ = std::make_unique<EditForm>(*this);
@@ -33,9 +23,4 @@ frmSplash& Program::Splash() {
 
 void Program::DropSplash() {
     if (splash_ && splash_->Loaded()) splash_->Unload();
-}
-
-void Program::End() {
-    File1.Close();
-    throw host::EndProgram{};
 }

@@ -1,13 +1,13 @@
-#include "startup/Convert.h"
-
-#include <cstring>
+#include "store/Convert.h"
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
-#include "startup/Lifecycle.h"
 #include "store/Info.h"
-#include "store/Program.h"
 #include "store/Records.h"
+#include "store/Settings.h"
+#include "store/State.h"
+
+#include <cstring>
 
 using namespace vb;
 
@@ -41,10 +41,10 @@ void TakeCommon(MasterRecord& r, const char*& s) {
     Take(r.MapCode, s); Take(r.BaptDate, s);
 }
 
-bool Convert(Program& p, int oldLen, bool keepsIntFlag, const std::string& doneText) {
+bool Convert(ProgramState& p, int oldLen, bool keepsIntFlag, const std::string& doneText) {
     std::string bak = p.CrusadeFile("bak");
     std::int64_t len = FileExists(p.DataFile) ? FileLen(p.DataFile) : 0;
-    if (len % oldLen != 0 && len % Program::RecLen == 0) {
+    if (len % oldLen != 0 && len % ProgramState::RecLen == 0) {
         p.host.MsgBox("The file " + p.DataFile + " does not look like a file of the older version:" + p.CrLf +
                           "its length is not a whole number of old records." + p.CrLf +
                           "It was left as it is and was not converted.",
@@ -67,7 +67,7 @@ bool Convert(Program& p, int oldLen, bool keepsIntFlag, const std::string& doneT
     try {
         if (FileExists(temp)) Kill(temp);
         RandomFile out, in;
-        out.Open(temp, Program::RecLen);
+        out.Open(temp, ProgramState::RecLen);
         in.Open(p.DataFile, oldLen);
         p.RecordCount = in.RecordCount();
         std::vector<char> buf(oldLen);
@@ -101,5 +101,5 @@ bool Convert(Program& p, int oldLen, bool keepsIntFlag, const std::string& doneT
 
 }  // namespace
 
-bool ConvertFrom371(Program& p) { return Convert(p, 371, false, "Conversion Complete."); }
-bool ConvertFrom369(Program& p) { return Convert(p, 369, true, "Conversion Complete. "); }
+bool ConvertFrom371(ProgramState& p) { return Convert(p, 371, false, "Conversion Complete."); }
+bool ConvertFrom369(ProgramState& p) { return Convert(p, 369, true, "Conversion Complete. "); }

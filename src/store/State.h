@@ -1,9 +1,8 @@
 #pragma once
-// The program-wide state of a run. Forms hold a reference to it and shared
-// routines take it; nothing is global, so a test builds a fresh Program.
+// The program-wide state of a run: the crusade's files, the list in memory and
+// the crusade-wide values. Store routines take it; the forms live one floor up,
+// in Program. Nothing is global, so a test builds a fresh one.
 #include <array>
-#include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,19 +10,16 @@
 #include "platform/vb/Files.h"
 #include "store/MasterRecord.h"
 
-class EditForm;
-class frmSplash;
-
 inline constexpr int VersionMajor = 2;
 inline constexpr int VersionMinor = 5;
 inline constexpr int VersionRevision = 0;
 inline constexpr const char* AppTitle = "Vestrel";
 
-struct Program {
-    Program(host::Host& host, std::string appPath);
-    ~Program();
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
+struct ProgramState {
+    ProgramState(host::Host& host, std::string appPath);
+    virtual ~ProgramState();
+    ProgramState(const ProgramState&) = delete;
+    ProgramState& operator=(const ProgramState&) = delete;
 
     host::Host& host;
 
@@ -100,19 +96,6 @@ struct Program {
     bool StartUp = false;
     std::string SoundFile;   // the wave file last named
 
-    // The forms. Touching a form loads it, as the runtime does.
-    EditForm& Edit();
-    frmSplash& Splash();
-    bool EditLoaded() const;
-    void DropSplash();
-
-    // Runs once when the data folder has just been made (the desktop places a sample crusade there).
-    std::function<void(Program&)> OnDataFolderCreated;
-
     // The end of the process (the End statement): unwinds to main.
     [[noreturn]] void End();
-
-private:
-    std::unique_ptr<EditForm> editForm_;
-    std::unique_ptr<frmSplash> splash_;
 };

@@ -1,0 +1,10 @@
+#pragma once
+// Moving through the list on the edit screen, and the load pass with its screen part.
+struct Program;
+
+// Reads the record of the entry at CurrentIndex; an empty list goes to add mode.
+bool FetchCurrentRecord(Program& p);
+// 0 first, 1 previous, 2 next, 3 last; a refused move plays "clunk".
+void GoRecord(Program& p, int kind);
+// The load pass (also the menu's Fix Files); a loaded crusade then shows its first person.
+void FullLoad(Program& p);

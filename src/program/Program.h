@@ -1,0 +1,28 @@
+#pragma once
+// The run: the program-wide state with the forms that show it. Forms hold a
+// reference to it; it sits above every subsystem, so store/ never sees a form.
+#include <functional>
+#include <memory>
+
+#include "store/State.h"
+
+class EditForm;
+class frmSplash;
+
+struct Program : ProgramState {
+    Program(host::Host& host, std::string appPath);
+    ~Program() override;
+
+    // The forms. Touching a form loads it, as the runtime does.
+    EditForm& Edit();
+    frmSplash& Splash();
+    bool EditLoaded() const;
+    void DropSplash();
+
+    // Runs once when the data folder has just been made (the desktop places a sample crusade there).
+    std::function<void(Program&)> OnDataFolderCreated;
+
+private:
+    std::unique_ptr<EditForm> editForm_;
+    std::unique_ptr<frmSplash> splash_;
+};
