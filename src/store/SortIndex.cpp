@@ -6,6 +6,7 @@
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
+#include "store/Attendance.h"
 #include "store/Members.h"
 #include "store/State.h"
 #include "store/Records.h"
@@ -39,21 +40,11 @@ void NormaliseAttendance(ProgramState& p) {
     r.Attendance = Trim(r.Attendance);
     if (Trim(r.Attendance).empty()) {
         std::string a(40, '-');
-        std::string digit = Right(CStr(p.MeetingNumber), 1);
-        if (p.MeetingNumber >= 1 && p.MeetingNumber <= 40) a[p.MeetingNumber - 1] = digit[0];
+        if (p.MeetingNumber >= 1 && p.MeetingNumber <= 40) a[p.MeetingNumber - 1] = LastDigit(p.MeetingNumber);
         r.Attendance = a;
     }
-    int count = 0, last = 0;
-    for (int i = 1; i <= 40; ++i) {
-        if (r.Attendance.At(i) == ' ') r.Attendance.SetChar(i, '-');
-        if (r.Attendance.At(i) != '-') {
-            ++count;
-            last = i;
-        }
-    }
-    r.Attend = CStr(count);
-    r.Last = static_cast<std::int16_t>(last);
-    if (last > p.MeetingNumber) p.MeetingNumber = last;
+    CountAttendance(r);
+    if (r.Last > p.MeetingNumber) p.MeetingNumber = r.Last;
 }
 
 void NormaliseDecisions(ProgramState& p) {

@@ -1,0 +1,34 @@
+#include "store/Attendance.h"
+
+#include "platform/vb/Strings.h"
+#include "store/MasterRecord.h"
+
+std::int16_t CountAttendance(std::string& attendance, std::int16_t& last) {
+    std::int16_t total = 0;
+    for (std::size_t i = 0; i < 40 && i < attendance.size(); ++i) {
+        if (attendance[i] == ' ') attendance[i] = '-';
+        if (attendance[i] != '-') {
+            ++total;
+            last = static_cast<std::int16_t>(i + 1);
+        }
+    }
+    return total;
+}
+
+void CountAttendance(MasterRecord& r) {
+    std::string text = r.Attendance;
+    std::int16_t last = 0;
+    std::int16_t total = CountAttendance(text, last);
+    r.Attendance = text;
+    r.Attend = vb::CStr(static_cast<long>(total));
+    r.Last = last;
+}
+
+char LastDigit(int n) {
+    std::string s = vb::CStr(static_cast<long>(n));
+    return s.empty() ? '0' : s.back();
+}
+
+bool IsActive(const MasterRecord& r) { return vb::Val(r.Attend) > 3; }
+
+bool IsCurrent(const MasterRecord& r, int meetingNumber) { return r.Last > meetingNumber - 3; }
