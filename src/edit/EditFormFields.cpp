@@ -344,7 +344,8 @@ void EditForm::Zip_LostFocus() {
         }
     }
     Zip.SetText(zip);
-    if (p.ZipCount > 0) State.SetText(ZipState(p.ZipList[1]));
+    // The table's first state is the usual one; a state already on the card is the person's own.
+    if (p.ZipCount > 0 && Trim(State.Text()).empty()) State.SetText(ZipState(p.ZipList[1]));
     const bool noZip = zip == "NoZip";
     ZipHitIndex = FindZip(p, ZipKey(p, zip));
     if (ZipHitIndex > 0) {
@@ -420,7 +421,7 @@ void EditForm::txtEmail_LostFocus() {
 }
 
 void EditForm::Age_KeyPress(int& KeyAscii) {
-    if (KeyAscii == vbKeyBack) return;
+    if (KeyAscii < 32 && KeyAscii != vbKeyReturn) return;
     // One keystroke per age group: the key is the box, and the card moves on.
     if (KeyAscii != vbKeyReturn) Age.SetText(std::string(1, static_cast<char>(KeyAscii)));
     KeyAscii = 0;

@@ -204,12 +204,14 @@ TEST(CardEntry, ZipTableQuestionsCountsAndTheFullTable) {
     Program& p = f.p;
     // A known zip typed with another city: the table's city may be reassigned.
     f.TypeIn(e.Zip, "62701");
+    e.State.SetText("OR");   // the person's own state stays
     f.TypeIn(e.City, "capital");
     f.c.host.ExpectBox("Zipcode: 62701\r\n Has already been assigned to a different city-- Springfield\r\n\r\n"
                        "Do you want to reassign 62701 to Capital?",
                        host::vbYes, "Check Assigned City", host::vbYesNo);
     e.Phone.SetFocus();
     EXPECT_EQ("62701     IL07Capital           4", p.ZipList[1]);
+    EXPECT_EQ("OR", e.State.Text());
     // In add mode each pass through the city counts one more person.
     f.AddMode();
     for (int card = 0; card < 2; ++card) {
