@@ -179,6 +179,7 @@ TEST(CardEntry, RegistrationNumberOnLeaving) {
     const std::string own = e.RNum.Text();
     struct Row { std::string typed, box, result; };
     const Row rows[] = {
+        {"1", "", own},   // the person's own number is no duplicate
         {"2", "0002 is a duplicate record number", own},
         {"12a", "You entered << 12a >> for the Registration Number.\r\nThe Registration Number cannot have any "
                 "letters in it, it must be all numbers.", own},
@@ -322,9 +323,10 @@ TEST(CardEntry, PreCrusadeGuestFillsTheCard) {
     guest.Address = "4 elm apt # 7";
     guest.Age = "";
     guest.Advertising = "N......";
+    MasterRecord earlier = MakePerson("0000", "rose", "HILL");   // the last match wins
     MasterRecord other = MakePerson("0000", "Unknown", "Hill");
     std::string bytes;
-    for (const MasterRecord& r : {other, guest}) {
+    for (const MasterRecord& r : {earlier, other, guest}) {
         RecordBytes b = EncodeRecord(r);
         bytes.append(b.data(), b.size());
     }
