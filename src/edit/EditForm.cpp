@@ -44,14 +44,15 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
         notBuilt_.insert(c);
         c->SetEnabled(false);
     }
-    // Saving from the screen is not part of the program yet: the boxes only show.
-    for (Control* c : Controls())
-        if (c->kind() == Kind::TextBox && c != &SearchBox && c != &EntInd && c != &SDAIdent) c->Locked = true;
+    // The attendance and its totals change only through the attendance routines.
+    for (Control* c : {static_cast<Control*>(&Attendance), static_cast<Control*>(&Attend),
+                       static_cast<Control*>(&Last), static_cast<Control*>(&Decisions)})
+        c->Locked = true;
     for (int i = 0; i <= 8; ++i) Dec[i].SetEnabled(false);
-    for (Control* c : {static_cast<Control*>(&MailList), static_cast<Control*>(&Class),
-                       static_cast<Control*>(&Baptized), static_cast<Control*>(&chkMarkToVisit),
-                       static_cast<Control*>(&RelPref), static_cast<Control*>(&AutoUpdateVisits)})
+    for (Control* c : {static_cast<Control*>(&Baptized), static_cast<Control*>(&AutoUpdateVisits)})
         c->SetEnabled(false);
+    // Field entry rules.
+    WireFields();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

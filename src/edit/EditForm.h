@@ -54,6 +54,45 @@ public:
     void EntInd_GotFocus();
     void SDAIdent_GotFocus();
 
+    // Field entry rules.
+    // The keyboard table of the card: Enter, F2, F3, Esc, PgUp and PgDn for the
+    // field `box`. True when the key was one of them (KeyCode is then 0). The
+    // coded fields' own KeyDown handlers pass these keys here.
+    bool FieldKeyDown(forms::Control& box, int& KeyCode, int Shift);
+    void FieldGotFocus(forms::Control& box, bool paint = true);
+    void FieldLostFocus(forms::Control& box);
+    // 3 when another entry of the list has the number; RNum is then emptied.
+    int CheckDuplicate(const std::string& number);
+    void RNum_GotFocus();
+    void RNum_LostFocus();
+    void FName_LostFocus();
+    void LName_LostFocus();
+    void Address_LostFocus();
+    void Zip_LostFocus();
+    void City_LostFocus();
+    void State_LostFocus();
+    void Phone_LostFocus();
+    void txtEmail_LostFocus();
+    void Age_KeyPress(int& KeyAscii);
+    void Age_LostFocus();
+    void RelPref_GotFocus();
+    void RelPref_KeyDown(int& KeyCode, int Shift);
+    void RelPref_KeyPress(int& KeyAscii);
+    void RelPref_LostFocus();
+    void WorkerCode_LostFocus();
+    void MailList_GotFocus();
+    void MailList_LostFocus();
+    void MailList_KeyDown(int& KeyCode, int Shift);
+    void BaptDate_KeyDown(int& KeyCode, int Shift);
+    void BaptDate_Change();
+    void BaptDate_LostFocus();
+    void BaptDate_DblClick();
+    void MtgNum_KeyPress(int& KeyAscii);
+    void MtgNum_LostFocus();
+    int ZipHitIndex = 0;
+    bool AskCanada = true;
+    forms::Label Label_MailListFocus{*this, "Label_MailListFocus", "<< any key"};
+
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);
 
@@ -310,6 +349,11 @@ public:
     forms::Menu mnuAbout{*this, "mnuAbout", "&About Vestrel", &mnuHelp};
 
 private:
+    // Field entry rules.
+    void WireFields();
+    void PreCrusadeLookup();
+    bool preCrusadeWarned_ = false;
+
     void Layout();
     void Wire();
     void ViewEditVisibility();
