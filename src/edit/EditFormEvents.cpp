@@ -61,6 +61,10 @@ void EditForm::Form_Unload(int& Cancel) {
         Cancel = 1;
         return;
     }
+    if (!p.AddMode && p.IndexCount != 0 && !SaveChanges()) {
+        Cancel = 1;
+        return;
+    }
     p.ScratchValue.clear();
     CloseCrusade(p);
     p.End();

@@ -1,34 +1,142 @@
-// Add mode: the meeting box, the blank card, saving a card and leaving add mode.
+// Add mode: the meeting box, the blank card, saving a card and leaving add mode;
+// the save of every move, undo and copy.
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
+#include "platform/vb/DateTime.h"
+#include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"
 #include "startup/Lifecycle.h"
+#include "store/Attendance.h"
+#include "store/ListEntry.h"
+#include "store/Records.h"
+#include "store/Sounds.h"
 
 using namespace forms;
 using namespace vb;
 
-void EditForm::mnuAddRecords_Click() {
-    p.AddMode = true;
-    for (int i = 0; i <= 8; ++i) Dec[i].SetCaption(p.DecisionNames[i + 1]);
-    int meeting = 1;
-    if (p.Loaded) {
-        std::string answer;
-        while (true) {
-            answer = p.ImportMode ? std::string("1")
-                                  : p.host.InputBox("Enter the Meeting Number" + p.CrLf + p.CrLf +
-                                                        "HELPFUL HINT- Remember the F2 Function key will automatically copy the information for that field from the previous record and F3 will copy the essential parts of the entire record.",
-                                                    "Add Names", CStr(p.MeetingNumber));
-            if (!answer.empty()) break;
-            if (p.RecordCount != 0) return;
+namespace {
+// The attendance of a new card: only its meeting marked.
+std::string CardAttendance(int meeting) {
+    std::string att(40, '-');
+    if (meeting >= 1 && meeting <= 40) att[meeting - 1] = LastDigit(meeting);
+    return att;
+}
+
+// Text of a box into a fixed field; the width cuts what does not fit.
+template <std::size_t N>
+void Take(FixedText<N>& field, const Control& box) { field = box.Text(); }
+
+std::int16_t ToInt16(const std::string& text, std::int16_t old) {
+    double v = Val(text);
+    if (v < -32768 || v > 32767) return old;   // an overflow leaves the old value
+    return static_cast<std::int16_t>(v);
+}
+}  // namespace
+
+std::string EditForm::DrawRNum() { return NextRNum(p); }
+
+void EditForm::ScreenToRecord() {
+    MasterRecord& r = p.MasterRec;
+    Take(r.RNum, RNum);
+    Take(r.FName, FName);
+    Take(r.LName, LName);
+    Take(r.Address, Address);
+    Take(r.City, City);
+    Take(r.State, State);
+    Take(r.Zip, Zip);
+    Take(r.Phone, Phone);
+    Take(r.Age, Age);
+    Take(r.Advertising, Advertising);
+    Take(r.RelPref, RelPref);
+    Take(r.IntLevel, IntLevel);
+    Take(r.Visits, Visits);
+    Take(r.WorkerCode, WorkerCode);
+    Take(r.Attend, Attend);
+    Take(r.Attendance, Attendance);
+    // The export files are comma-separated and one line a person.
+    std::string notes;
+    for (char ch : Notes.Text())
+        if (ch != ',') notes += ch == '\r' || ch == '\n' ? ' ' : ch;
+    r.Notes = notes;
+    r.Last = ToInt16(Last.Text(), r.Last);
+    Take(r.Decisions, Decisions);
+    Take(r.BaptDate, BaptDate);
+    r.Class = static_cast<std::int16_t>(Class.Value());
+    r.MailList = -1;
+    if (MailList.Value() != vbChecked) r.MailList = 0;
+    Take(r.MapCode, MapCode);
+    Take(r.BirthDate, BirthDate);
+    r.MarkToVisit = chkMarkToVisit.Value() == vbChecked ? -1 : 0;
+    Take(r.Email, txtEmail);
+}
+
+bool EditForm::SaveChanges() {
+    if (LName.Text().empty()) LName.SetText("Unknown");
+    if (RNum.Text().empty()) RNum.SetText(DrawRNum());
+    ScreenToRecord();
+    const MasterRecord& r = p.MasterRec;
+    const MasterRecord& u = p.UndoRec;
+    bool differs = r.FName != u.FName || r.LName != u.LName || r.RNum != u.RNum || r.Attendance != u.Attendance ||
+                   r.Address != u.Address || r.City != u.City || r.State != u.State || r.Zip != u.Zip ||
+                   r.Phone != u.Phone || r.MailList != u.MailList || r.WorkerCode != u.WorkerCode ||
+                   r.Visits != u.Visits || r.IntLevel != u.IntLevel || r.MapCode != u.MapCode ||
+                   r.Attend != u.Attend || r.Last != u.Last || r.Age != u.Age || r.Advertising != u.Advertising ||
+                   r.RelPref != u.RelPref || r.Notes != u.Notes || r.Decisions != u.Decisions ||
+                   r.Class != u.Class || r.BaptDate != u.BaptDate || r.IntFlag != u.IntFlag ||
+                   r.BirthDate != u.BirthDate || r.MarkToVisit != u.MarkToVisit || r.Email != u.Email;
+    if (p.IndexCount == 0) p.End();
+    bool inList = p.CurrentIndex >= 1 && p.CurrentIndex < static_cast<int>(p.SortIndex.size());
+    if (differs || (inList && p.SortIndex[p.CurrentIndex] == "NotSavedYet")) {
+        try {
+            PutRecord(p, p.RecordPos);
+        } catch (const RuntimeError& e) {
+            p.host.MsgBox("The record could not be written to the disk (" + e.Description() + ")." + p.CrLf +
+                              "Nothing was changed in the file and the card is still on the screen." + p.CrLf +
+                              "Make room on the disk or check it, then try again.",
+                          host::vbCritical, "Record Not Saved");
+            return false;
         }
-        meeting = static_cast<int>(Val(answer));
+        if (inList) p.SortIndex[p.CurrentIndex] = ListEntry(p, p.SortIndex[p.CurrentIndex], p.RecordPos);
+        p.LastUpdated = FormatDate(p.host.Now(), "mm/dd/yy");
+        p.IsNewFile = false;
     }
+    p.PreviousRec = p.MasterRec;
+    p.Loaded = true;
+    return true;
+}
+
+int EditForm::CheckDuplicate(const std::string& number) {
+    for (int i = 1; i <= p.IndexCount; ++i) {
+        if (UCase(vb::Left(p.SortIndex[i], 4)) != UCase(number)) continue;
+        if (i == p.CurrentIndex && !p.AddMode) continue;
+        p.host.MsgBox(number + " is a duplicate record number" + p.CrLf + "The Registration Number will be reset." +
+                          p.CrLf + "You must enter a different Number.",
+                      host::vbCritical);
+        RNum.SetText("");
+        return 3;
+    }
+    return 0;
+}
+
+int EditForm::AskAddMeeting() {
+    // The meeting prompt with its two tests; the attendance screen asks the same way.
+    if (!p.Loaded) return 1;
+    std::string answer;
+    while (true) {
+        answer = p.ImportMode ? std::string("1")
+                              : p.host.InputBox("Enter the Meeting Number" + p.CrLf + p.CrLf +
+                                                    "HELPFUL HINT- Remember the F2 Function key will automatically copy the information for that field from the previous record and F3 will copy the essential parts of the entire record.",
+                                                "Add Names", CStr(p.MeetingNumber));
+        if (!answer.empty()) break;
+        if (p.RecordCount != 0) return 0;
+    }
+    int meeting = static_cast<int>(Val(answer));
     if (meeting < 1 || meeting > 40) {
         p.host.MsgBox("The Meeting number you entered is invalid." + p.CrLf +
                           "You must select a Meeting Number between 1 and 40",
                       host::vbCritical);
-        return;
+        return 0;
     }
     if (meeting > p.MeetingNumber + 1) {
         int a = p.host.MsgBox("The last meeting was: " + CStr(p.MeetingNumber) + p.CrLf +
@@ -36,14 +144,26 @@ void EditForm::mnuAddRecords_Click() {
                                   "You have entered Meeting Number: " + CStr(meeting) + "." + p.CrLf +
                                   "Is this what you want to do?",
                               host::vbYesNo | host::vbQuestion);
-        if (a == host::vbNo) return;
+        if (a == host::vbNo) return 0;
     }
+    return meeting;
+}
+
+void EditForm::mnuAddRecords_Click() {
+    p.AddMode = true;
+    for (int i = 0; i <= 8; ++i) Dec[i].SetCaption(p.DecisionNames[i + 1]);
+    if (p.Loaded && !SaveChanges()) return;
+    int meeting = AskAddMeeting();
+    if (meeting == 0) return;
+    AddMeeting = meeting;
     MtgNum.SetText(CStr(meeting));
     if (meeting > p.MeetingNumber) p.MeetingNumber = meeting;
-    SetBarButtons(false);
+    AddVisibility();
     lblNextFieldBtn.SetCaption("Total Records");
+    AddNewRecord();
+}
 
-    // The blank card.
+void EditForm::AddNewRecord() {
     Enable(mnuEditMode, true);
     Enable(mnuAddRecords, false);
     AddNameLabel.SetCaption("Add New Names");
@@ -58,18 +178,77 @@ void EditForm::mnuAddRecords_Click() {
     for (int i = 0; i <= 8; ++i) Dec[i].SetValue(vbUnchecked);
     Class.SetValue(vbUnchecked);
     MailList.SetValue(vbUnchecked);
+    chkMarkToVisit.SetValue(vbUnchecked);
     p.MasterRec.Decisions = "---------";
-    std::string att(40, '-');
-    att[meeting - 1] = CStr(meeting).back();
-    Attendance.SetText(att);
+    Attendance.SetText(CardAttendance(AddMeeting));
     Attend.SetText("1");
-    Last.SetText(CStr(meeting));
+    Last.SetText(CStr(AddMeeting));
     MailList.SetValue(vbChecked);
     OpenRNum = RNum.Text();
     RecordCounter.SetCaption(CStr(p.IndexCount + 1));
     SetCaption("Vestrel Add Name Screen: " + RTrim(p.CrusadeName) + " Crusade (Meeting # " +
                CStr(p.MeetingNumber) + ")");
     RNum.SetFocus();
+}
+
+void EditForm::AddSlot() {
+    ++p.RecordCount;
+    p.Loaded = true;
+    p.RecordPos = p.RecordCount;
+    ++p.IndexCount;
+    p.CurrentIndex = p.IndexCount;
+    p.SortIndex.resize(p.IndexCount + 1);
+    p.SortIndex[p.IndexCount] = "-------" + RecordPointer(p.RecordCount);
+    ++AddedCount;
+}
+
+namespace {
+// Puts back what AddSlot took when the card could not be written.
+void UndoSlot(ProgramState& p, int& addedCount) {
+    --p.RecordCount;
+    --p.IndexCount;
+    p.SortIndex.resize(p.IndexCount + 1);
+    p.CurrentIndex = p.IndexCount;
+    --addedCount;
+}
+}  // namespace
+
+void EditForm::btnSaveNew_Click() {
+    MasterRecord before = p.MasterRec;
+    AddSlot();
+    ClearRecord(p.MasterRec);
+    p.MasterRec.Last = static_cast<std::int16_t>(AddMeeting);
+    p.MasterRec.Attend = "1";
+    p.MasterRec.MapCode = "xxxx";
+    p.MasterRec.IntFlag = 0;
+    if (!SaveChanges()) {
+        UndoSlot(p, AddedCount);
+        p.MasterRec = before;
+        return;
+    }
+    AddNewRecord();
+}
+
+void EditForm::btnSaveExit_Click() {
+    if (Trim(LName.Text()).empty() &&
+        p.host.MsgBox("This record appears to be incomplete." + p.CrLf + "Are you sure you want to save it?",
+                      host::vbYesNo, "Exit Add Mode") == host::vbNo) {
+        btnCancelNew_Click();
+        return;
+    }
+    MasterRecord before = p.MasterRec;
+    AddSlot();
+    ClearRecord(p.MasterRec);
+    p.MasterRec.Last = static_cast<std::int16_t>(AddMeeting);
+    p.MasterRec.Attend = "1";
+    p.MasterRec.MapCode = "xxxx";
+    p.MasterRec.IntFlag = 0;
+    if (!SaveChanges()) {
+        UndoSlot(p, AddedCount);
+        p.MasterRec = before;
+        return;
+    }
+    mnuEditMode_Click();
 }
 
 void EditForm::btnCancelNew_Click() {
@@ -92,4 +271,67 @@ void EditForm::btnCancelNew_Click() {
     if (FetchCurrentRecord(p)) ShowRecord();
     SetupScreen("");
     mnuEditMode_Click();
+}
+
+void EditForm::CopyCurrentRecord() {
+    if (p.host.MsgBox("This will copy the Current Record to a new record in the file.  You must supply a new Record Number.  Is this what you want to do?",
+                      host::vbYesNo | host::vbQuestion) != host::vbYes)
+        return;
+    ++p.IndexCount;
+    ++p.RecordCount;
+    p.CurrentIndex = p.IndexCount;
+    p.SortIndex.resize(p.IndexCount + 1);
+    p.SortIndex[p.IndexCount] = "NotSavedYet";
+    p.RecordPos = p.RecordCount;
+    p.MasterRec = p.UndoRec;
+    p.MasterRec.MailList = 0;
+    p.MasterRec.FName = "";
+    ShowRecord();
+    OpenRNum = RNum.Text();
+    SetupScreen("");
+    RNum.SetText(DrawRNum());
+    FName.SetText("");
+    Age.SetText("");
+    MailList.SetValue(vbUnchecked);
+    FName.SetFocus();
+    if (!SaveChanges()) {
+        // Nothing reached the file: the copy leaves the list again.
+        --p.IndexCount;
+        --p.RecordCount;
+        p.SortIndex.resize(p.IndexCount + 1);
+        p.CurrentIndex = p.IndexCount;
+    }
+}
+
+void EditForm::mnuUndo_Click() {
+    PlaySound(p, "carbrake");
+    if (p.host.MsgBox("Undo will Erase all of the changes you have made to this record." + p.CrLf + p.CrLf +
+                          "Are you sure this is what you want?",
+                      host::vbYesNo, "Undo Record Changes") != host::vbYes)
+        return;
+    p.MasterRec = p.UndoRec;
+    if (FetchCurrentRecord(p)) ShowRecord();
+    OpenRNum = RNum.Text();
+}
+
+void EditForm::MtgNum_KeyPress(int& KeyAscii) {
+    if (KeyAscii != vbKeyReturn) return;
+    KeyAscii = 0;
+    if (p.AddMode) RNum.SetFocus();
+    else SearchBox.SetFocus();
+}
+
+void EditForm::MtgNum_LostFocus() {
+    int meeting = static_cast<int>(Val(MtgNum.Text()));
+    if (meeting < 1 || meeting > 40) {
+        // Not a meeting: the card keeps the one it had.
+        PlaySound(p, "clunk");
+        MtgNum.SetText(CStr(AddMeeting));
+        return;
+    }
+    if (meeting > p.MeetingNumber) p.MeetingNumber = meeting;
+    if (!p.AddMode) return;
+    AddMeeting = meeting;
+    Attendance.SetText(CardAttendance(meeting));
+    Last.SetText(CStr(meeting));
 }
