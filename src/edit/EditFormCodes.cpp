@@ -240,7 +240,7 @@ void EditForm::Notes_MouseDown(int, int, float, float) {
 }
 
 void EditForm::mnuClearMark_Click() {
-    if (!SaveChanges()) return;
+    if (p.IndexCount != 0 && !SaveChanges()) return;
     for (long n = 1; n <= p.RecordCount; ++n) {
         if (!GetRecord(p, n)) break;
         if (p.MasterRec.MarkToVisit == 0) continue;
@@ -251,7 +251,7 @@ void EditForm::mnuClearMark_Click() {
 }
 
 void EditForm::mnuClearMarks_Click() {
-    if (!SaveChanges()) return;
+    if (p.IndexCount != 0 && !SaveChanges()) return;
     for (int i = 1; i <= p.IndexCount; ++i) {
         long n = static_cast<long>(Val(Right(p.SortIndex[i], 4)));
         if (n < 1 || !GetRecord(p, n) || p.MasterRec.MarkToVisit == 0) continue;

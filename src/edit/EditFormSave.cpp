@@ -120,7 +120,8 @@ int EditForm::CheckDuplicate(const std::string& number) {
 }
 
 int EditForm::AskAddMeeting() {
-    // The meeting prompt with its two tests; the attendance screen asks the same way.
+    // The meeting prompt with its two tests. The attendance screen asks the same way;
+    // this is the one call to replace when both share one routine.
     if (!p.Loaded) return 1;
     std::string answer;
     while (true) {

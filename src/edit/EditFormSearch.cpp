@@ -155,7 +155,7 @@ void EditForm::mnuGlobal_Click() {
         "You can search for all or part of the First Name- Last Name- Address- City- State- Zipcode- Phone Number- and Religion.",
         "Enter the Item to search for", "");
     if (answer.empty()) return;
-    if (!SaveChanges()) return;
+    if (p.IndexCount != 0 && !SaveChanges()) return;
     const std::string& nl = p.CrLf;
     const std::string find = UCase(answer);
     const MasterRecord shown = p.MasterRec;
