@@ -196,8 +196,11 @@ void EditForm::IntLevel_Change() {
         return;
     }
     if (up.empty() || up == " " || (up.size() == 1 && up[0] >= 'A' && up[0] <= 'G')) return;
+    // A damaged letter in the file is shown as it is; only typing is refused.
+    const std::string own = UCase(RTrim(p.MasterRec.IntLevel));
+    if (up == own) return;
     p.host.MsgBox("You must enter a letter between A and G or the Space Bar", host::vbCritical, "Incorret Interest Level");
-    IntLevel.SetText(RTrim(p.MasterRec.IntLevel));
+    IntLevel.SetText(own);
     IntLevel.SetFocus();
 }
 

@@ -121,6 +121,9 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     EXPECT_EQ("CS-------", RTrim(saved.Decisions));
     EXPECT_EQ("A", saved.IntLevel.str());
     EXPECT_EQ("11/22/26", saved.BaptDate.str());
+    p.MasterRec.IntLevel = "z";   // a damaged record is shown without a box
+    e.ShowRecord();
+    EXPECT_EQ("Z", e.IntLevel.Text());
 }
 
 TEST(Codes, NotesKeepToOneShortLine) {
