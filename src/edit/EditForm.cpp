@@ -26,13 +26,13 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     Wire();
     // Work that is not part of the program yet stays disabled.
     for (Control* c : std::initializer_list<Control*>{
-             &btnGlobal, &btnAddName, &btnSDA, &btnDelete, &btnUndelete, &btnUndo, &btnAttend, &btnViewFile,
-             &btnExcel, &btnStats, &btnPrayer, &btnVisitUpdate, &btnSaveNew, &btnSaveExit, &mnuBackup,
+             &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
+             &btnExcel, &btnStats, &btnPrayer, &mnuBackup,
              &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
-             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuUndo, &mnuMembers, &mnuZipCodes,
-             &mnuEditTeamNames, &mnuVisits, &mnuGlobal, &mnuAddRecords, &mnuCopy, &mnuDeleteRecord,
+             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
+             &mnuEditTeamNames, &mnuDeleteRecord,
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
-             &mnuMarkMarkers, &mnuClearMark, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
+             &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
              &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mnuStats, &mnuWkrStats, &mPrCut,
              &mnuIntMem, &mnuMemIntTickets, &mnunamesbynumber, &mnuPrRptMasters, &mnuPrRptWorkerCode,
@@ -40,7 +40,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
              &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
              &mnuSpecialAttend, &mnuAdvFilter, &mnuAgeFilter, &mnuBaptisms, &mnuBapDate, &mnuDecisionsFilter,
              &mnuAddressFilter, &mnuIntLevel, &mnuMailList, &mnuNeedInterview, &mnuNotes, &munPre, &mnuReligion,
-             &mnuZips, &mnuMarked, &mnuClearMarks, &mnuUpdate, &SearchBox}) {
+             &mnuZips, &mnuMarked, &mnuUpdate}) {
         notBuilt_.insert(c);
         c->SetEnabled(false);
     }
@@ -53,6 +53,44 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
         c->SetEnabled(false);
     // Field entry rules.
     WireFields();
+
+    // Coded fields, add and save, search.
+    for (Control* c : std::initializer_list<Control*>{&Visits, &IntLevel, &Notes, &Advertising, &MtgNum,
+                                                      &boxVisitVisits, &boxVisitInterest})
+        c->Locked = false;
+    for (int i = 0; i <= 8; ++i) Dec[i].SetEnabled(true);
+    Baptized.SetEnabled(true);
+    AutoUpdateVisits.SetEnabled(true);
+    frameVisit.SetVisible(false);   // shown from the Edit menu
+    Visits.KeyDown = [this](int& k, int s) { Visits_KeyDown(k, s); };
+    mnuVisits.Click = [this] { mnuVisits_Click(); };
+    frameVisit.DblClick = [this] { mnuVisits_Click(); };
+    boxVisitVisits.LostFocus = [this] { boxVisitVisits_LostFocus(); };
+    boxVisitInterest.Change = [this] { boxVisitInterest_Change(); };
+    btnVisitUpdate.Click = [this] { btnVisitUpdate_Click(); };
+    Advertising.GotFocus = [this] { Advertising_GotFocus(); };
+    Advertising.LostFocus = [this] { Advertising_LostFocus(); };
+    Dec.Click = [this](int i) { ToggleDecision(i); };
+    Dec.MouseUp = [this](int i, int b, int s, float x, float y) { Dec_MouseUp(i, b, s, x, y); };
+    IntLevel.Change = [this] { IntLevel_Change(); };
+    Baptized.Click = [this] { Baptized_Click(); };
+    Notes.KeyDown = [this](int& k, int s) { Notes_KeyDown(k, s); };
+    Notes.MouseDown = [this](int b, int s, float x, float y) { Notes_MouseDown(b, s, x, y); };
+    mnuClearMark.Click = [this] { mnuClearMark_Click(); };
+    mnuClearMarks.Click = [this] { mnuClearMarks_Click(); };
+    mnuAddRecords.Click = [this] { mnuAddRecords_Click(); };
+    btnAddName.Click = [this] { mnuAddRecords_Click(); };
+    btnSaveNew.Click = [this] { btnSaveNew_Click(); };
+    btnSaveExit.Click = [this] { btnSaveExit_Click(); };
+    btnCancelNew.MouseDown = [this](int, int, float, float) { p.ScratchText = "StopImport"; };
+    btnSaveExit.MouseDown = [this](int, int, float, float) { p.ScratchText = "StopImport"; };
+    mnuCopy.Click = [this] { if (SaveChanges()) CopyCurrentRecord(); };
+    mnuUndo.Click = [this] { mnuUndo_Click(); };
+    btnUndo.Click = [this] { mnuUndo_Click(); };
+    SearchBox.KeyDown = [this](int& k, int s) { SearchBox_KeyDown(k, s); };
+    SearchBox.KeyPress = [this](int& k) { SearchBox_KeyPress(k); };
+    mnuGlobal.Click = [this] { mnuGlobal_Click(); };
+    btnGlobal.Click = [this] { mnuGlobal_Click(); };
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

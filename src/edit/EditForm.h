@@ -6,6 +6,7 @@
 #include "platform/forms/Form.h"
 
 struct Program;
+struct ProgramState;
 
 class EditForm : public forms::Form {
 public:
@@ -92,6 +93,41 @@ public:
     int ZipHitIndex = 0;
     bool AskCanada = true;
     forms::Label Label_MailListFocus{*this, "Label_MailListFocus", "<< any key"};
+    // Coded fields, add and save, search.
+    void Visits_KeyDown(int& KeyCode, int Shift);
+    void mnuVisits_Click();
+    void boxVisitVisits_LostFocus();
+    void boxVisitInterest_Change();
+    void btnVisitUpdate_Click();
+    void Advertising_GotFocus();
+    void Advertising_LostFocus();
+    void Dec_MouseUp(int Index, int Button, int Shift, float X, float Y);
+    void ToggleDecision(int Index);
+    void IntLevel_Change();
+    void Baptized_Click();
+    void Notes_KeyDown(int& KeyCode, int Shift);
+    void Notes_MouseDown(int Button, int Shift, float X, float Y);
+    void mnuClearMark_Click();
+    void mnuClearMarks_Click();
+    // False when the disk refused the record; the boxes still hold the edits.
+    bool SaveChanges();
+    void ScreenToRecord();
+    void AddSlot();
+    void AddNewRecord();
+    void btnSaveNew_Click();
+    void btnSaveExit_Click();
+    void CopyCurrentRecord();
+    void mnuUndo_Click();
+    // The one place a registration number is drawn.
+    std::string DrawRNum();
+    // The meeting of the cards about to be typed; 0 when the operator backed out.
+    int AskAddMeeting();
+    void SearchBox_KeyDown(int& KeyCode, int Shift);
+    void SearchBox_KeyPress(int& KeyAscii);
+    void SearchFor(const std::string& text);
+    void mnuGlobal_Click();
+    int AddMeeting = 1;          // the meeting of the cards in add mode
+    long NotesWarnedAt = -1;     // record whose Notes caution was shown on this visit
 
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);
@@ -364,6 +400,10 @@ private:
     void SetAttendanceCaption();
     std::set<const forms::Control*> notBuilt_;
 };
+
+// Coded fields, add and save, search.
+// Takes the Visits text and the pressed letter's key code; returns the new Visits text.
+std::string EnterVisitCode(ProgramState& p, const std::string& visits, int key);
 
 // The exact caption line shown above the bar buttons.
 extern const char* const ButtonLabelsText;

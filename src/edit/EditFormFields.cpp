@@ -576,6 +576,7 @@ void EditForm::MtgNum_LostFocus() {
     }
     RaiseMeetingNumber(p, m);
     if (p.AddMode) {
+        AddMeeting = m;
         Attendance.SetText(FirstAttendance(m));
         Attend.SetText("1");
         Last.SetText(CStr(m));

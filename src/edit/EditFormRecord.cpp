@@ -169,6 +169,7 @@ void EditForm::ChgRec_Click(int Index) {
         return;
     }
     HeldPosition = p.CurrentIndex;
+    if (!SaveChanges()) return;
     if (p.ScratchText == "StayHere") {
         p.ScratchText.clear();
         return;
@@ -203,6 +204,7 @@ void EditForm::ChgRec_MouseUp(int Index, int Button, int, float, float) {
         return;
     }
     p.CurrentIndex = pos;
+    SaveChanges();
     FetchCurrentRecord(p);
     ShowRecord();
     SetupScreen("");
@@ -224,6 +226,7 @@ void EditForm::btnGoTo_Click() {
         PlaySound(p, "clunk");
         return;
     }
+    if (!SaveChanges()) return;
     p.CurrentIndex = std::min(target, p.IndexCount);
     FetchCurrentRecord(p);
     ShowRecord();
@@ -246,6 +249,7 @@ void EditForm::ShowAll_Click() {
     for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(true);
     bool keep = p.SortName == "interest" || p.SortName == "baptism" || vb::Left(p.SortName, 9) == "decisions";
     ShowAll.SetVisible(keep);
+    if (p.IndexCount != 0 && !SaveChanges()) return;
     if (p.SortName != "alpha") RebuildAlpha(p);
     if (p.IndexCount == 0) return;
     FetchCurrentRecord(p);

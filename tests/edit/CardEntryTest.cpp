@@ -71,8 +71,9 @@ TEST(CardEntry, WholeCardTypedWithEnterThroughTheFields) {
     f.Type("bap");
     EXPECT_EQ(3, e.RelPref.SelStart());
     EXPECT_EQ(4, e.RelPref.SelLength());
+    f.c.host.ExpectInput("Enter the Letter(s):", "");   // the advertising letters are asked on arrival
     f.Enter();
-    EXPECT_EQ(&e.Advertising, e.ActiveControl());
+    EXPECT_EQ(&e.WorkerCode, e.ActiveControl());
     const std::pair<Control*, std::string> card[] = {
         {&e.RNum, "0099"}, {&e.FName, "Mary"}, {&e.LName, "O'neil"}, {&e.Address, "12 Oak St #2B"},
         {&e.City, "Springfield"}, {&e.State, "IL"}, {&e.WorkerCode, "07"}, {&e.Phone, "217-555-0101"},
@@ -96,8 +97,8 @@ TEST(CardEntry, F2AndF3CopyThePreviousCardEscTheShownRecord) {
     prev.Zip = "62702";
     prev.City = "Salem";
     prev.State = "OR";
+    f.AddMode();   // saves the person shown, who becomes the previous card
     f.p.PreviousRec = prev;
-    f.AddMode();
     f.TypeIn(e.LName, "x");
     f.Key(vbKeyF3);   // the household of the previous card, off the mail list
     EXPECT_EQ("Lee", e.LName.Text());
@@ -136,13 +137,19 @@ TEST(CardEntry, F2AndF3CopyThePreviousCardEscTheShownRecord) {
     EXPECT_EQ(RTrim(shown.Address), v.Address.Text());
     // Esc of these boxes restores another box, as it stands.
     const std::tuple<Control*, Control*, std::string> others[] = {
-        {&v.FName, &v.RNum, RTrim(shown.RNum)}, {&v.WorkerCode, &v.Zip, RTrim(shown.Zip)}, {&v.Class, &v.IntLevel, "0"}};
+        {&v.FName, &v.RNum, RTrim(shown.RNum)}, {&v.WorkerCode, &v.Zip, RTrim(shown.Zip)}};
     for (const auto& [box, restored, text] : others) {
         restored->SetText("00000");
         box->SetFocus();
         g.Key(vbKeyEscape);
         EXPECT_EQ(text, restored->Text()) << box->Name();
     }
+    // Class's Esc writes the interview number into the interest box, which refuses it.
+    v.Class.SetFocus();
+    g.c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK,
+                       "Incorret Interest Level", host::vbCritical);
+    g.Key(vbKeyEscape);
+    EXPECT_EQ(RTrim(shown.IntLevel), v.IntLevel.Text());
 }
 
 TEST(CardEntry, RegistrationNumberOnLeaving) {

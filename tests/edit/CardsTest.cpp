@@ -1,0 +1,180 @@
+// Typing cards in add mode, the save of every move, copy and undo; records are read back from disk.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "edit/CardCrusade.h"
+#include "platform/vb/Strings.h"
+#include "store/Info.h"
+
+using namespace forms;
+using vb::RTrim;
+
+namespace {
+void StartAdding(CardCrusade& f, const std::string& meeting) {
+    f.c.host.ExpectInput("Enter the Meeting Number", meeting);
+    f.e->mnuAddRecords_Click();
+}
+}  // namespace
+
+TEST(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    StartAdding(f, "2");
+    ASSERT_TRUE(p.AddMode);
+    EXPECT_TRUE(e.RNum.HasFocus());
+    EXPECT_EQ("-2--------------------------------------", e.Attendance.Text());
+    // The field rules fill the boxes as the operator moves on; here the boxes are typed clean.
+    const std::pair<Control*, const char*> typed[] = {
+        {&e.FName, "Mary"}, {&e.LName, "O'neil"}, {&e.Address, "12 Oak St #2B"}, {&e.Zip, "62701"},
+        {&e.State, "IL"},   {&e.City, "Springfield"}, {&e.Phone, "555-1212"}, {&e.txtEmail, "m@x.org"},
+        {&e.Age, "30-39"},  {&e.RelPref, "Baptist"}, {&e.Notes, "met at the door, twice\r\nbrought a friend"}};
+    for (auto [box, text] : typed) {
+        box->SetFocus();
+        box->SetText(text);
+    }
+    f.c.host.ExpectInput("Enter the Letter(s):", "ni-Smith");
+    e.Advertising.SetFocus();
+    EXPECT_TRUE(e.WorkerCode.HasFocus());
+    e.btnSaveNew_Click();
+
+    ASSERT_EQ(9, f.c.RecordsOnDisk());
+    MasterRecord r = f.c.ReadRecord(9);
+    EXPECT_EQ("9998", r.RNum.str());   // numbers fall from 9999
+    EXPECT_EQ("O'neil", RTrim(r.LName));
+    EXPECT_EQ("12 Oak St #2B", RTrim(r.Address));
+    EXPECT_EQ("N.....I-Smith", RTrim(r.Advertising));
+    EXPECT_EQ("met at the door twice  brought a friend", RTrim(r.Notes));
+    EXPECT_EQ("-2--------------------------------------", r.Attendance.str());
+    EXPECT_EQ(2, r.Last);
+    EXPECT_EQ(-1, r.MailList);
+    EXPECT_EQ(p.MasterRec, p.PreviousRec);   // F2 and F3 copy from the card just saved
+    // The next card is blank and on the same meeting.
+    EXPECT_EQ("", e.LName.Text());
+    // A card left without a last name, confirmed, is saved as "Unknown"; then add mode ends.
+    e.FName.SetText("Lou");
+    f.c.host.ExpectBox("This record appears to be incomplete.", host::vbYes, "Exit Add Mode");
+    e.btnSaveExit_Click();
+    EXPECT_FALSE(p.AddMode);
+    ASSERT_EQ(10, f.c.RecordsOnDisk());
+    EXPECT_EQ("Unknown", RTrim(f.c.ReadRecord(10).LName));
+    EXPECT_EQ("9997", f.c.ReadRecord(10).RNum.str());
+    EXPECT_TRUE(e.SearchBox.HasFocus());
+}
+
+TEST(Cards, AnAbortedCardStillUsedItsNumber) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    StartAdding(f, "1");
+    e.RNum.SetText(e.DrawRNum());   // what leaving the number box does on a new card
+    EXPECT_EQ("9998", e.RNum.Text());
+    e.LName.SetText("Gone");
+    f.c.host.ExpectBox("You are exiting this record without saving it.", host::vbYes, "Exit Add Mode");
+    e.btnCancelNew_Click();
+    EXPECT_EQ(8, f.c.RecordsOnDisk());
+    // A fresh run reads the number from the information file, not from memory.
+    TestCrusade again;
+    again.p.DataFile = f.c.p.DataFile;
+    LoadInfo(again.p);
+    EXPECT_EQ(9998, again.p.LastRNum);
+    StartAdding(f, "1");
+    e.LName.SetText("Kept");
+    e.btnSaveNew_Click();
+    EXPECT_EQ("9997", f.c.ReadRecord(9).RNum.str());
+}
+
+TEST(Cards, DuplicateNumbersAreRefused) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    // Adams (0101) is first in the list.
+    struct Row { bool addMode; std::string number; int result; };
+    const Row rows[] = {
+        {false, "0101", 0},   // the person's own number outside add mode
+        {false, "0012", 3},
+        {true, "0101", 3},    // in add mode the shown person's number is taken too
+        {true, "0500", 0},
+    };
+    for (const Row& r : rows) {
+        p.AddMode = r.addMode;
+        e.RNum.SetText(r.number);
+        if (r.result) f.c.host.ExpectBox(r.number + " is a duplicate record number", host::vbOK);
+        EXPECT_EQ(r.result, e.CheckDuplicate(r.number)) << r.number << " add " << r.addMode;
+        EXPECT_EQ(r.result ? "" : r.number, e.RNum.Text());
+    }
+    p.AddMode = false;
+}
+
+TEST(Cards, AMoveSavesOnlyWhenSomethingDiffers) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    ASSERT_EQ("Adams", e.LName.Text());   // record 3
+    // Another hand changes the file under the screen: a save without a difference must not undo it.
+    MasterRecord outside = f.c.ReadRecord(3);
+    outside.City = "Elsewhere";
+    p.MasterRec = outside;
+    PutRecord(p, 3);
+    p.MasterRec = p.UndoRec;
+    e.ChgRec_Click(2);
+    EXPECT_EQ("Elsewhere", RTrim(f.c.ReadRecord(3).City));
+    EXPECT_EQ("Avery", e.LName.Text());
+    // Now an edit: it reaches the file and the list entry follows the new name.
+    e.LName.SetText("Zane");
+    e.ChgRec_Click(1);
+    EXPECT_EQ("Zane", RTrim(f.c.ReadRecord(8).LName));
+    EXPECT_EQ("0106ZANE HA   8", p.SortIndex[2]);
+    // Undo: the edit on screen goes, the file keeps what was saved.
+    e.FName.SetText("Changed");
+    f.c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");
+    e.mnuUndo_Click();
+    EXPECT_EQ("Cy", e.FName.Text());
+    EXPECT_TRUE(f.Played("carbrake"));
+}
+
+TEST(Cards, CopyDropsTheUnsavedEditAndDrawsANumber) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    e.City.SetText("Typed but not saved");
+    f.c.host.ExpectBox("This will copy the Current Record to a new record in the file.", host::vbYes);
+    e.CopyCurrentRecord();
+    ASSERT_EQ(9, f.c.RecordsOnDisk());
+    MasterRecord copy = f.c.ReadRecord(9);
+    EXPECT_EQ("9998", copy.RNum.str());
+    EXPECT_EQ("Adams", RTrim(copy.LName));
+    EXPECT_EQ("", RTrim(copy.FName));
+    EXPECT_EQ(0, copy.MailList);
+    EXPECT_EQ(9, p.IndexCount);
+    // The original was not touched.
+    EXPECT_EQ("Springfield", RTrim(f.c.ReadRecord(3).City));
+}
+
+TEST(Cards, ADiskThatRefusesTheCardLosesNothing) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    StartAdding(f, "1");
+    e.RNum.SetText("0500");
+    e.LName.SetText("Full");
+    // The file may not grow: the append of the card fails as on a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    getrlimit(RLIMIT_FSIZE, &old);
+    rlimit lim = old;
+    lim.rlim_cur = static_cast<rlim_t>(8 * MasterRecord::Length);
+    setrlimit(RLIMIT_FSIZE, &lim);
+    f.c.host.ExpectBox("The record could not be written to the disk", host::vbOK, "Record Not Saved");
+    e.btnSaveNew_Click();
+    setrlimit(RLIMIT_FSIZE, &old);
+    EXPECT_EQ(8, f.c.RecordsOnDisk());
+    EXPECT_EQ(8, p.RecordCount);
+    EXPECT_EQ(8, p.IndexCount);
+    EXPECT_EQ("Full", e.LName.Text());   // the card is still there to save again
+    EXPECT_EQ("0500", e.RNum.Text());
+    e.btnSaveNew_Click();
+    ASSERT_EQ(9, f.c.RecordsOnDisk());
+    EXPECT_EQ("Full", RTrim(f.c.ReadRecord(9).LName));
+}

@@ -1,0 +1,150 @@
+// Visits, advertising, decisions, interest level, baptism and notes on the edit screen.
+#include <gtest/gtest.h>
+
+#include "edit/CardCrusade.h"
+#include "platform/vb/Strings.h"
+
+using namespace forms;
+using vb::RTrim;
+
+TEST(Codes, VisitCodes) {
+    CardCrusade f;
+    Program& p = f.c.p;
+    p.MeetingNumber = 7;
+    struct Row { std::string visits; char key; std::string answer; int deleteAnswer; std::string want; bool clunk; };
+    const Row rows[] = {
+        {"", 'H', "7", 0, "h07", false},
+        {"", 'H', "07", 0, "h07", false},
+        {"", 'H', "123", 0, "", true},                          // four characters: refused
+        {"h01h02h03h04", 'M', "5", 0, "h02h03h04m05", false},   // a fifth pushes the first out
+        {"h01", 'A', "24", 0, "h01A24", false},
+        {"h01", 'A', "a24", 0, "h01", true},
+        {"h01m02", 'L', "", host::vbYes, "h01", false},
+        {"h01m02", 'L', "", host::vbNo, "h01m02", false},
+        {"", 'P', "", 0, "", false},
+    };
+    for (const Row& r : rows) {
+        f.c.host.sounds.clear();
+        f.c.host.ExpectInput(r.key == 'A' ? "'A' for Appointment" : "Followed by the number of the last meeting",
+                             r.answer);
+        if (r.deleteAnswer) f.c.host.ExpectBox("Do you want to delete the last visit?", r.deleteAnswer, "Delete Visit");
+        EXPECT_EQ(r.want, EnterVisitCode(p, r.visits, r.key)) << r.visits << " " << r.key << r.answer;
+        EXPECT_EQ(r.clunk, f.Played("clunk")) << r.visits << " " << r.key << r.answer;
+    }
+    // Through the keyboard: a code letter asks, any other key is explained and swallowed.
+    EditForm& e = *f.e;
+    e.Visits.SetFocus();
+    f.c.host.ExpectInput("Followed by the number of the last meeting", "7");
+    e.PressKey('H', 0, 'h');
+    EXPECT_EQ("h07", e.Visits.Text());
+    f.c.host.ExpectBox("You must enter one of the following codes: ", host::vbOK, "Enter Visitation Code");
+    e.PressKey('Q', 0, 'q');
+    EXPECT_EQ("h07", e.Visits.Text());
+}
+
+TEST(Codes, Advertising) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    struct Row { std::string box, attendance; std::vector<std::string> answers; std::string want; };
+    const Row rows[] = {
+        {".......", "-1", {"I-Lastname"}, "......I-Lastname"},
+        {"N......", "-1", {"n"}, "......."},                     // a letter typed twice clears its place
+        {"", "1-", {"mnx"}, "NM....."},
+        {".......", "1-", {"I", "Jones"}, "....P.I-Jones"},      // invited to the first meeting: pre-meeting too
+        {"....P.I-Jones", "1-", {"I", ""}, "......."},           // I again: name and P go
+        {"NM.....", "1-", {""}, "NM....."},
+        {".......", "-1", {"I-Averyveryverylongname", "I-Short"}, "......I-Short"},
+    };
+    for (const Row& r : rows) {
+        e.SearchBox.SetFocus();
+        e.Advertising.SetText(r.box);
+        e.Attendance.SetText(r.attendance);
+        f.c.host.ExpectInput("Enter the Letter(s):", r.answers[0]);
+        if (r.answers.size() > 1 && r.answers[0] == "I")
+            f.c.host.ExpectInput("Enter the Last Name of the Person who invited them:", r.answers[1]);
+        if (r.answers.size() > 1 && r.answers[0] != "I") {
+            f.c.host.ExpectBox("The Persons name is too long.");
+            f.c.host.ExpectInput("Enter the Letter(s):", r.answers[1]);
+        }
+        e.Advertising.SetFocus();
+        EXPECT_EQ(r.want, e.Advertising.Text()) << r.box << " " << r.answers[0];
+        EXPECT_TRUE(e.WorkerCode.HasFocus());
+    }
+}
+
+TEST(Codes, DecisionsInterestAndBaptism) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    auto unite = [&] {
+        e.Dec[8].UserClick();
+        e.Dec[8].UserMouseUp(vbLeftButton, 0, 0, 0);
+    };
+    struct Row { std::string level, want; };
+    for (const Row& r : std::vector<Row>{{"A", "A"}, {"", "B"}, {"C", "B"}, {"G", "G"}}) {
+        e.IntLevel.SetText(r.level);
+        e.Dec[8].SetValue(vbUnchecked);
+        unite();
+        EXPECT_EQ(r.want, e.IntLevel.Text()) << r.level;
+    }
+    EXPECT_EQ("--------U", e.Decisions.Text());
+    e.Dec[1].UserClick();
+    EXPECT_EQ("-S------U", e.Decisions.Text());
+    f.c.host.ExpectBox("You have removed the Decision to Unite with the church.");
+    unite();
+    EXPECT_EQ("-S-------", e.Decisions.Text());
+
+    // Interest level: upper case, or back to the record's letter.
+    p.MasterRec.IntLevel = "C";
+    e.IntLevel.SetText("b");
+    EXPECT_EQ("B", e.IntLevel.Text());
+    f.c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
+    e.IntLevel.SetText("x");
+    EXPECT_EQ("C", e.IntLevel.Text());
+    EXPECT_TRUE(e.IntLevel.HasFocus());
+
+    // Baptized: G and today's date; cleared asks for the right level.
+    e.BaptDate.SetText("");
+    e.Baptized.SetValue(vbUnchecked);
+    e.Baptized.UserClick();
+    EXPECT_EQ("G", e.IntLevel.Text());
+    EXPECT_EQ("11/22/26", e.BaptDate.Text());
+    f.c.host.ExpectBox("Please Enter the Correct Interest Level.");
+    e.Baptized.UserClick();
+    EXPECT_EQ("", e.IntLevel.Text());
+    EXPECT_TRUE(e.IntLevel.HasFocus());
+    // The codes reach the file at the next move.
+    e.Dec[0].UserClick();
+    e.IntLevel.SetText("A");
+    e.ChgRec_Click(2);
+    MasterRecord saved = f.c.ReadRecord(3);
+    EXPECT_EQ("CS-------", RTrim(saved.Decisions));
+    EXPECT_EQ("A", saved.IntLevel.str());
+    EXPECT_EQ("11/22/26", saved.BaptDate.str());
+    p.MasterRec.IntLevel = "z";   // a damaged record is shown without a box
+    e.ShowRecord();
+    EXPECT_EQ("Z", e.IntLevel.Text());
+}
+
+TEST(Codes, NotesKeepToOneShortLine) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    e.Notes.SetFocus();
+    e.Notes.SetText("abc");
+    e.Notes.SetSelStart(3);
+    struct Row { int code, ascii; std::string box; };
+    for (const Row& r : std::vector<Row>{{vbKeyReturn, 13, "You cannot enter multiple lines in this box."},
+                                         {188, ',', "You cannot enter a comma in this box."}}) {
+        f.c.host.ExpectBox(r.box);
+        e.PressKey(r.code, 0, r.ascii);
+        EXPECT_EQ("abc", e.Notes.Text());
+    }
+    e.Notes.SetText(std::string(155, 'x'));
+    f.c.host.ExpectBox("You have reached the limit for Notes.");
+    e.PressKey(vbKeyEnd, 0, 0);
+    EXPECT_EQ(150u, e.Notes.Text().size());
+    // The caution shows once per visit to a person.
+    f.c.host.ExpectBox("Notes entered here are only for data entry items", host::vbOK, "Note Box Caution!");
+    e.Notes.UserMouseDown(vbLeftButton, 0, 0, 0);
+    e.Notes.UserMouseDown(vbLeftButton, 0, 0, 0);
+}
