@@ -17,7 +17,7 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
         c.p.TeamNames[3] = "Prior team:555";
         c.p.ReligionList[2] = "Prior church";
         c.p.MeetingNumber = 9;
-        SaveInfo(c.p);
+        ASSERT_TRUE(SaveInfo(c.p));
         c.p.TeamNames[3] = "Team #  3";
         c.p.ReligionList[2] = "Baptist";
 

@@ -50,7 +50,7 @@ TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
     c.WriteRecords({MakePerson("9998", "Mary", "Zeller", "12-"), MakePerson("9997", "Al", "Adams", "1")});
     c.p.CrusadeName = "Spring";
     c.p.MeetingNumber = 2;
-    SaveInfo(c.p);
+    ASSERT_TRUE(SaveInfo(c.p));
     SaveSettings(c.p);
     std::string ini = c.ReadFile(c.appPath + "/Vestrel.ini");
     EXPECT_EQ(c.dataFile + "\r\nAvailable\r\n-1 \r\n 0 \r\n 0 \r\n", ini);
@@ -104,7 +104,7 @@ TEST(Startup, SettingsFileDamagedOrShortLoadsWhatItCan) {
 TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
     TestCrusade c;
     c.WriteRecords({});
-    SaveInfo(c.p);
+    ASSERT_TRUE(SaveInfo(c.p));
     SaveSettings(c.p);
     c.p.IsNewFile = true;
     c.p.Loaded = true;

@@ -90,7 +90,7 @@ TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     EXPECT_EQ("11/22/2026 9:30:00 AM", q.LastUpdated);
     // Saving what was loaded gives the same file.
     std::string first = c.ReadFile(p.CrusadeFile("inf"));
-    SaveInfo(q);
+    ASSERT_TRUE(SaveInfo(q));
     EXPECT_EQ(first, c.ReadFile(p.CrusadeFile("inf")));
 }
 
@@ -102,7 +102,7 @@ TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
     p.DecisionNames[1] = "Something";
     p.SermonTitles[3] = "";
     p.TeamNames[5] = ":";
-    SaveInfo(p);
+    ASSERT_TRUE(SaveInfo(p));
     LoadInfo(p);
     EXPECT_EQ("C", p.DecisionCodes[1]);
     EXPECT_EQ("U", p.DecisionCodes[9]);
@@ -122,7 +122,7 @@ TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     p.CrusadeName = "Smith, Jones";
     p.CrusadeDate = "3/1/2026";
     p.MeetingNumber = 4;
-    SaveInfo(p);
+    ASSERT_TRUE(SaveInfo(p));
     // The version line moves down one field too, so the file reads as an old one.
     c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete.");
     LoadInfo(p);
