@@ -23,6 +23,7 @@ int RecentKeyNumber(const std::string& key) {
 
 std::vector<std::pair<std::string, std::string>> RecentFiles(ProgramState& p) {
     auto all = p.host.GetAllSettings(App, Section);
+    std::erase_if(all, [](const auto& kv) { return RecentKeyNumber(kv.first) == 0; });
     std::stable_sort(all.begin(), all.end(),
                      [](const auto& a, const auto& b) { return RecentKeyNumber(a.first) < RecentKeyNumber(b.first); });
     return all;

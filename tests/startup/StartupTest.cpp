@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "edit/EditForm.h"
 #include "platform/vb/Files.h"
@@ -115,4 +116,25 @@ TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
     EXPECT_FALSE(vb::FileExists(c.dataFile));
     EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
     EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
+}
+
+TEST(Startup, TheDataFolderMessageComesWhenItWasMadeOrOldTempFilesWereCleared) {
+    struct Row { bool dataThere, tempFiles; };
+    for (const Row& r : {Row{true, true}, Row{true, false}, Row{false, false}}) {
+        TempFolder t;
+        ScriptedHost host;
+        Program p(host, t / "Vestrel");
+        fs::create_directories(t / "Vestrel");
+        if (r.dataThere) fs::create_directories(t / "Vestrel/data");
+        if (r.tempFiles) {
+            fs::create_directories(t / "Vestrel/temp");
+            std::ofstream(t / "Vestrel/temp/old.tmp") << "x";
+        }
+        if (r.tempFiles || !r.dataThere) host.ExpectBox("Vestrel has created a folder named 'Data'");
+        host.ExpectBox("You must select 'New'");
+        host.OnModal("frmSplash", [](forms::Form& f) { static_cast<frmSplash&>(f).btnExitVestrel_Click(); });
+        EXPECT_THROW(Main(p), host::EndProgram);
+        EXPECT_FALSE(fs::exists(t / "Vestrel/temp"));
+        EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
+    }
 }

@@ -187,3 +187,34 @@ TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
     c.p.LastRNum = 9999;
     EXPECT_EQ("0000", NextRNum(c.p));   // the text keeps the last four characters
 }
+
+TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
+    TestCrusade c;
+    struct Row { int line; std::string text; };
+    // Lines 3, 4, 7 and 8: MeetingNumber, LastRNum, FilterTotalAttend, PrintCutOff.
+    for (const Row& r : std::vector<Row>{{3, "1e300"}, {4, "-1e300"}, {4, "40000"}, {7, "1e18"}, {8, "-40000"},
+                                         {4, " 9876 "}}) {
+        std::vector<std::string> lines = {"Name", "1/1/2026", " 5", " 9876 ", "DOWN", "", " 3 ", " 2 ", "version 2.5.0"};
+        lines[r.line - 1] = r.text;
+        c.WriteFile(c.p.CrusadeFile("inf"), Join(lines));
+        LoadInfo(c.p);
+        EXPECT_EQ(r.line == 3 ? 1 : 5, c.p.MeetingNumber) << r.text;
+        EXPECT_EQ(r.line == 4 && r.text != " 9876 " ? 9999 : 9876, c.p.LastRNum) << r.text;
+        EXPECT_EQ(r.line == 7 ? 1 : 3, c.p.FilterTotalAttend) << r.text;
+        EXPECT_EQ(r.line == 8 ? 0 : 2, c.p.PrintCutOff) << r.text;
+    }
+}
+
+TEST(InfoFile, TheCanadianMarkReadsBackAndDoesNotGrow) {
+    TestCrusade c;
+    c.p.CrusadeName = "Toronto";
+    c.p.CanadaSorter = true;
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(SaveInfo(c.p));
+        EXPECT_EQ(0u, c.ReadFile(c.p.CrusadeFile("inf")).find("Toronto*Canada\r\n"));
+        c.p.CanadaSorter = false;
+        LoadInfo(c.p);
+        EXPECT_EQ("Toronto", c.p.CrusadeName);
+        EXPECT_TRUE(c.p.CanadaSorter);
+    }
+}
