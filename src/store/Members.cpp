@@ -22,8 +22,7 @@ void AddPlainFields(std::vector<std::string>& out, const std::string& field) {
         std::size_t end = field.find_first_of(",\r\n", start);
         if (end == std::string::npos) end = field.size();
         std::string piece = field.substr(start, end - start);
-        piece.erase(0, piece.find_first_not_of(" \t\""));
-        if (piece.find_first_not_of(" \t\"") == std::string::npos) piece.clear();
+        piece.erase(0, piece.find_first_not_of(" \t"));   // as a plain field, read again, would
         bool crlf = end + 1 < field.size() && field[end] == '\r' && field[end + 1] == '\n';
         // A line end closing the field's text adds no empty entry.
         if (end < field.size() || !piece.empty()) out.push_back(piece);

@@ -152,6 +152,13 @@ TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
     EXPECT_EQ(firstMembers, c.ReadFile(c.p.CrusadeFile("mem")));
     ASSERT_EQ(2, p.MemberCount);
     EXPECT_EQ("0201", p.MemberList[1].substr(0, 4));
+    // Tables read for one crusade are not written under another's name.
+    p.DataFile = c.dataFile;
+    SaveMembers(p);
+    SaveZips(p);
+    EXPECT_EQ(firstMembers, c.ReadFile(c.p.CrusadeFile("mem")));
+    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("zps")));
+    p.DataFile = second.dataFile;
 
     // Through the menu the chosen crusade's members are checked for repeated numbers.
     c.WriteFile(c.p.CrusadeFile("mem"), firstMembers + "0101Other          Name           \r\n");
@@ -203,6 +210,36 @@ TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
         EXPECT_EQ(before, c.ReadFile(c.dataFile));
         fs::permissions(c.appPath + "/data", fs::perms::all, fs::perm_options::replace);
     }
+}
+
+TEST(Lifecycle, ACrusadeInUseElsewhereIsLetGoAndTheOperatorStaysWhereHeWas) {
+    TestCrusade c("Here");
+    c.WriteRecords({MakePerson("9998", "Ann", "Here")});
+    TestCrusade busy("Busy");
+    busy.WriteRecords({MakePerson("9998", "Bob", "Busy")});
+    vb::RandomFile other;
+    other.Open(busy.dataFile, MasterRecord::Length);
+    other.Lock();
+    const std::string inUse = "is in use by another copy of Vestrel.";
+    // From the menu: the crusade that was open comes back.
+    c.p.Loaded = true;
+    c.Open();
+    c.host.ExpectOpen("Select an Existing Crusade", busy.dataFile).ExpectBox(busy.dataFile + " " + inUse);
+    c.p.Edit().mnuChgCr_Click();
+    EXPECT_EQ(c.dataFile, c.p.DataFile);
+    EXPECT_EQ("Here", c.p.Edit().LName.Text());
+    c.p.File1.Close();
+    // From the splash: nothing is held, and only New and Exit are left.
+    Program p(c.host, c.appPath);
+    c.host.ExpectBox(inUse);
+    auto atSplash = [&](frmSplash& s) {
+        s.btnLastCrusade_Click();
+        EXPECT_FALSE(p.File1.IsOpen());
+        EXPECT_FALSE(p.Loaded);
+        EXPECT_FALSE(s.btnLastCrusade.Visible());
+        s.btnExitVestrel_Click();
+    };
+    EXPECT_THROW(RunMain(c, p, busy.dataFile, atSplash), host::EndProgram);
 }
 
 TEST(Lifecycle, ANewCrusadeNameWithACommaOrALeadingQuoteIsRefused) {
