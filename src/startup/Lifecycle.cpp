@@ -33,8 +33,8 @@ void Main(Program& p) {
     IgnoreErrors([&] { ChDir(p.AppPath); });
     p.CurrentFolder = p.AppPath;
     std::string temp = p.AppPath + "/temp";
-    auto madeDataFolder = [&] {
-        if (p.OnDataFolderCreated && DirExists(p.DataPath())) p.OnDataFolderCreated(p);
+    auto madeDataFolder = [&](bool isNew) {
+        if (isNew && p.OnDataFolderCreated && DirExists(p.DataPath())) p.OnDataFolderCreated(p);
         p.host.MsgBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder." + p.CrLf +
                       "It is recommended that you use this folder for all of your crusade files.");
     };
@@ -42,12 +42,13 @@ void Main(Program& p) {
         // Remnants of an old installation; the user is told whether or not data/ was there.
         IgnoreErrors([&] { Kill(temp + "/*.*"); });
         IgnoreErrors([&] { RmDir(temp); });
+        bool had = FolderExistsNoCase(p.DataPath());
         IgnoreErrors([&] { MkDir(p.DataPath()); });
-        madeDataFolder();
+        madeDataFolder(!had);
     }
     if (!FolderExistsNoCase(p.DataPath())) {
         IgnoreErrors([&] { MkDir(p.DataPath()); });
-        madeDataFolder();
+        madeDataFolder(true);
     }
     std::vector<std::string> leftovers = Dir(p.AppPath + "/*.??_");
     if (!leftovers.empty()) {

@@ -13,37 +13,38 @@
 
 namespace fs = std::filesystem;
 
-TEST(Startup, FirstRunMakesTheDataFolderAndHasNoFile) {
-    TempFolder t;
-    ScriptedHost host;
-    Program p(host, t / "Vestrel");
-    fs::create_directories(t / "Vestrel");
-    bool sampled = false;
-    p.OnDataFolderCreated = [&](Program&) { sampled = true; };
-    host.ExpectBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder.\r\n"
-                   "It is recommended that you use this folder for all of your crusade files.",
-                   host::vbOK, "", host::vbOKOnly);
-    host.ExpectBox("You must select 'New' to either create a new meeting file or search for an existing file.",
-                   host::vbOK, "No File Present", host::vbInformation);
-    bool checkedSplash = false;
-    host.OnModal("frmSplash", [&](forms::Form& f) {
-        auto& s = static_cast<frmSplash&>(f);
-        EXPECT_FALSE(s.btnLastCrusade.Visible());
-        EXPECT_EQ("Version 2.5.0", s.lblVersion.Caption());
-        checkedSplash = true;
-        s.btnExitVestrel_Click();
-    });
-    bool ended = false;
-    try {
-        Main(p);
-    } catch (const host::EndProgram&) {
-        ended = true;
+TEST(Startup, FirstRunOrOldTempFilesBringTheDataFolderMessageAndNoFile) {
+    struct Row { bool dataThere, tempFiles; };
+    for (const Row& r : {Row{false, false}, Row{true, true}, Row{true, false}}) {
+        TempFolder t;
+        ScriptedHost host;
+        Program p(host, t / "Vestrel");
+        fs::create_directories(t / "Vestrel");
+        if (r.dataThere) fs::create_directories(t / "Vestrel/data");
+        if (r.tempFiles) {
+            fs::create_directories(t / "Vestrel/temp");
+            std::ofstream(t / "Vestrel/temp/old.tmp") << "x";
+        }
+        bool sampled = false;
+        p.OnDataFolderCreated = [&](Program&) { sampled = true; };
+        if (r.tempFiles || !r.dataThere)
+            host.ExpectBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder.\r\n"
+                           "It is recommended that you use this folder for all of your crusade files.",
+                           host::vbOK, "", host::vbOKOnly);
+        host.ExpectBox("You must select 'New' to either create a new meeting file or search for an existing file.",
+                       host::vbOK, "No File Present", host::vbInformation);
+        host.OnModal("frmSplash", [&](forms::Form& f) {
+            auto& s = static_cast<frmSplash&>(f);
+            EXPECT_FALSE(s.btnLastCrusade.Visible());
+            EXPECT_EQ("Version 2.5.0", s.lblVersion.Caption());
+            s.btnExitVestrel_Click();
+        });
+        EXPECT_THROW(Main(p), host::EndProgram);
+        EXPECT_EQ(!r.dataThere, sampled);
+        EXPECT_FALSE(fs::exists(t / "Vestrel/temp"));
+        EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
+        EXPECT_TRUE(p.ShowButtonLabels);
     }
-    EXPECT_TRUE(ended);
-    EXPECT_TRUE(checkedSplash);
-    EXPECT_TRUE(sampled);
-    EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
-    EXPECT_TRUE(p.ShowButtonLabels);
 }
 
 TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
@@ -116,25 +117,4 @@ TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
     EXPECT_FALSE(vb::FileExists(c.dataFile));
     EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
     EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
-}
-
-TEST(Startup, TheDataFolderMessageComesWhenItWasMadeOrOldTempFilesWereCleared) {
-    struct Row { bool dataThere, tempFiles; };
-    for (const Row& r : {Row{true, true}, Row{true, false}, Row{false, false}}) {
-        TempFolder t;
-        ScriptedHost host;
-        Program p(host, t / "Vestrel");
-        fs::create_directories(t / "Vestrel");
-        if (r.dataThere) fs::create_directories(t / "Vestrel/data");
-        if (r.tempFiles) {
-            fs::create_directories(t / "Vestrel/temp");
-            std::ofstream(t / "Vestrel/temp/old.tmp") << "x";
-        }
-        if (r.tempFiles || !r.dataThere) host.ExpectBox("Vestrel has created a folder named 'Data'");
-        host.ExpectBox("You must select 'New'");
-        host.OnModal("frmSplash", [](forms::Form& f) { static_cast<frmSplash&>(f).btnExitVestrel_Click(); });
-        EXPECT_THROW(Main(p), host::EndProgram);
-        EXPECT_FALSE(fs::exists(t / "Vestrel/temp"));
-        EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
-    }
 }
