@@ -12,11 +12,11 @@ void CloseCrusade(Program& p);
 void ForgetCrusade(Program& p);
 // True when the crusade's record file and its folder can be written; otherwise the
 // operator is told which cannot and what to do.
-bool CrusadeWritable(Program& p, const std::string& path);
+[[nodiscard]] bool CrusadeWritable(Program& p, const std::string& path);
 // Runs the reading steps of an existing crusade (DataFile already set). A run-time
 // fault in them is told in plain words; then, as when a step returns false, the
 // record file (and its lock) is let go, nothing is loaded, and false is returned.
-bool OpenCrusade(Program& p, const std::function<bool()>& steps);
+[[nodiscard]] bool OpenCrusade(Program& p, const std::function<bool()>& steps);
 // After opening an existing record file: one without records is told to the
 // operator and comes up as a new crusade in add mode; any other is not new.
 void NoticeEmptyFile(Program& p);
