@@ -97,6 +97,32 @@ bool ImportPriorLists(Program& p, const std::string& chosen) {
     return ReadPriorLists(p, Left(chosen, static_cast<long>(chosen.size()) - 3) + "inf");
 }
 
+// The menu's order: information, records, zips, members, then the load pass.
+bool LoadFromMenu(Program& p, const std::string& path) {
+    p.DataFile = path;
+    p.DataFolder = FolderOf(path);
+    return OpenCrusade(p, [&] {
+        LoadInfo(p);
+        OpenRecordFile(p);
+        NoticeEmptyFile(p);
+        LoadZips(p);
+        LoadMembers(p);
+        p.Loaded = true;
+        return FullLoad(p);
+    });
+}
+
+void ShowLoaded(Program& p) {
+    EditForm& f = p.Edit();
+    SaveSettings(p);
+    f.Show();
+    if (p.IndexCount > 0 && FetchCurrentRecord(p)) f.ShowRecord();
+    f.SetupScreen("");
+    f.RememberFile(p.DataFile);
+    f.ShowAll.SetVisible(false);
+    f.Enable(f.mnuEdit, true);
+}
+
 }  // namespace
 
 void SelectCrusade(Program& p) {
@@ -210,45 +236,22 @@ void ChangeCrusade(Program& p) {
         }
         path = WithExtension(d.FileName);
     }
+    std::string previous = p.DataFile;
+    // The crusade that was open comes back rather than none.
+    auto backToPrevious = [&] {
+        if (previous != path && FileExists(previous) && LoadFromMenu(p, previous)) ShowLoaded(p);
+    };
     if (FileExists(path)) {
         if (!CrusadeWritable(p, path)) return;
         Busy busy(p.host);
-        std::string previous = p.DataFile;
         p.File1.Close();
         CloseCrusade(p);
-        p.DataFile = path;
-        p.DataFolder = FolderOf(path);
-        bool opened = OpenCrusade(p, [&] {
-            LoadInfo(p);
-            OpenRecordFile(p);
-            NoticeEmptyFile(p);
-            LoadZips(p);
-            LoadMembers(p);
-            p.Loaded = true;
-            return FullLoad(p);
-        });
-        // The crusade that was open comes back rather than none.
-        if (!opened && previous != path && FileExists(previous)) {
-            p.DataFile = previous;
-            p.DataFolder = FolderOf(previous);
-            opened = OpenCrusade(p, [&] {
-                LoadInfo(p);
-                OpenRecordFile(p);
-                LoadZips(p);
-                LoadMembers(p);
-                p.Loaded = true;
-                return FullLoad(p);
-            });
+        if (!LoadFromMenu(p, path)) {
+            backToPrevious();
+            return;
         }
-        if (!opened) return;
-        SaveSettings(p);
-        f.Show();
-        if (p.IndexCount > 0 && FetchCurrentRecord(p)) f.ShowRecord();
-        f.SetupScreen("");
-        p.Edit().RememberFile(p.DataFile);
-        f.ShowAll.SetVisible(false);
-        f.Enable(f.mnuEdit, true);
-        if (p.DataFile == path) p.host.MsgBox(p.CrusadeName + " Has been loaded successfully.");
+        ShowLoaded(p);
+        p.host.MsgBox(p.CrusadeName + " Has been loaded successfully.");
         return;
     }
     if (!NameAccepted(p, path)) return;
@@ -260,7 +263,10 @@ void ChangeCrusade(Program& p) {
     ResetForNew(p, path, false);
     SaveSettings(p);
     f.MtgNum.SetText("1");
-    if (!StartEmptyCrusade(p)) return;
+    if (!StartEmptyCrusade(p)) {
+        backToPrevious();
+        return;
+    }
     p.Loaded = false;
     p.IsNewFile = true;
     f.mnuAddRecords_Click();

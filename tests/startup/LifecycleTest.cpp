@@ -10,6 +10,7 @@
 
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
+#include "platform/vb/Error.h"
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "startup/Crusades.h"
@@ -226,6 +227,22 @@ TEST(Lifecycle, ACrusadeInUseElsewhereIsLetGoAndTheOperatorStaysWhereHeWas) {
     c.Open();
     c.host.ExpectOpen("Select an Existing Crusade", busy.dataFile).ExpectBox(busy.dataFile + " " + inUse);
     c.p.Edit().mnuChgCr_Click();
+    EXPECT_EQ(c.dataFile, c.p.DataFile);
+    EXPECT_EQ("Here", c.p.Edit().LName.Text());
+    // A run-time fault while reading is told in words, and the file is let go.
+    c.host.ExpectBox("Vestrel could not open the crusade:\r\n\r\n" + c.dataFile + "\r\nError # 61: Disk full",
+                     host::vbOK, "Crusade Cannot Be Opened");
+    EXPECT_FALSE(OpenCrusade(c.p, [&]() -> bool { vb::Raise(vb::errDiskFull); }));
+    EXPECT_FALSE(c.p.File1.IsOpen());
+    EXPECT_FALSE(c.p.Loaded);
+    // A new crusade whose information file cannot be made: the one before comes back.
+    std::string fresh = c.appPath + "/data/Fresh.dta";
+    fs::create_directories(c.appPath + "/data/Fresh.inf");
+    c.host.ExpectOpen("Select an Existing Crusade", fresh)
+        .ExpectBox("does not exist", host::vbYes)
+        .ExpectBox("The crusade information could not be written to:\r\n" + c.appPath + "/data/Fresh.inf");
+    c.p.Edit().mnuChgCr_Click();
+    EXPECT_FALSE(vb::FileExists(fresh));
     EXPECT_EQ(c.dataFile, c.p.DataFile);
     EXPECT_EQ("Here", c.p.Edit().LName.Text());
     c.p.File1.Close();
