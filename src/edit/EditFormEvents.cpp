@@ -89,6 +89,8 @@ void EditForm::mnuEditMode_Click() {
         p.CurrentIndex = p.IndexCount;
         AddedCount = 0;
         if (FetchCurrentRecord(p)) ShowRecord();
+        // Nobody in the file: the fetch went back to the blank card, and the operator stays there.
+        if (p.AddMode) return;
     }
     SetupScreen("");
     Enable(mnuEditMode, false);
@@ -98,7 +100,7 @@ void EditForm::mnuEditMode_Click() {
     for (Control* c : Controls())
         if (c->kind() == Kind::Label && c != &ReturnToPreviewMsg) c->SetForeColor(vbDarkBlue);
     ViewEditVisibility();
-    for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(true);
+    for (int i = 1; i <= 3; ++i) ChgRec[i].SetVisible(true);
     SearchBox.SetFocus();
 }
 
@@ -114,7 +116,8 @@ void EditForm::mnuInfo_Click() {
         if (p.MasterRec.MailList != 0) ++mail;
     }
     if (p.RecordPos < 1) p.RecordPos = 1;
-    if (FetchCurrentRecord(p)) ShowRecord();
+    // An empty list has nobody to show again; the box alone is asked for.
+    if (p.CurrentIndex > 0 && FetchCurrentRecord(p)) ShowRecord();
     const std::string& nl = p.CrLf;
     p.host.MsgBox(p.CrusadeName + nl + p.DataFile + nl + "Mail List-------- " + CStr(mail) + nl + nl +
                       "Interest Level A: " + CStr(a) + nl + "Interest Level B: " + CStr(b) + nl +
@@ -145,15 +148,17 @@ void EditForm::mnuAbout_Click() {
 void EditForm::mnuExit_Click() { Unload(); }
 
 void EditForm::UpdateRecentMenu() {
-    int shown = 0;
-    for (const auto& [key, path] : RecentFiles(p)) {
-        if (shown >= 4) break;
-        if (path.empty() || !vb::FileExists(path)) continue;
-        ++shown;
-        mnuRecentFile[shown].SetCaption(path);
-        mnuRecentFile[shown].SetVisible(true);
-        mnuRecentFile[0].SetVisible(true);
+    // Entry i of the store goes to menu place i+1 even when one before it is gone.
+    std::vector<std::pair<std::string, std::string>> files = RecentFiles(p);
+    bool any = false;
+    for (int place = 1; place <= 4; ++place) {
+        std::size_t i = static_cast<std::size_t>(place - 1);
+        bool there = i < files.size() && !files[i].second.empty() && vb::FileExists(files[i].second);
+        if (there) mnuRecentFile[place].SetCaption(files[i].second);
+        mnuRecentFile[place].SetVisible(there);
+        any = any || there;
     }
+    mnuRecentFile[0].SetVisible(any);
 }
 
 void EditForm::RememberFile(const std::string& path) {

@@ -103,8 +103,16 @@ void EditForm::Highlight(Control& c) { c.SetBackColor(HighlightColor); }
 
 void EditForm::SetupScreen(const std::string& labelText) {
     const std::string nl = p.CrLf;
-    RecordCounter.SetCaption(CStr(p.CurrentIndex) + " of " + CStr(p.IndexCount));
-    SetCaption("Vestrel Edit Screen: " + RTrim(p.CrusadeName) + " Crusade (Meeting # " + CStr(p.MeetingNumber) + ")");
+    if (p.AddMode) {
+        // The blank card keeps its own caption and count whoever sets the screen up.
+        RecordCounter.SetCaption(CStr(p.IndexCount + 1));
+        SetCaption("Vestrel Add Name Screen: " + RTrim(p.CrusadeName) + " Crusade (Meeting # " +
+                   CStr(p.MeetingNumber) + ")");
+    } else {
+        RecordCounter.SetCaption(CStr(p.CurrentIndex) + " of " + CStr(p.IndexCount));
+        SetCaption("Vestrel Edit Screen: " + RTrim(p.CrusadeName) + " Crusade (Meeting # " +
+                   CStr(p.MeetingNumber) + ")");
+    }
     std::string heading = p.PrintCutOff != 0 ? nl + "Last Mtg >" + CStr(p.PrintCutOff) : nl + "All Names";
     std::string cutOff = CStr(p.PrintCutOff);
 

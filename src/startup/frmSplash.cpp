@@ -60,20 +60,32 @@ void frmSplash::Form_Load() {
     if (!haveSettings || p.DataFile.empty()) {
         p.host.MsgBox("You must select 'New' to either create a new meeting file or search for an existing file.",
                       host::vbInformation, "No File Present");
-        btnLastCrusade.SetVisible(false);
-        lblLastCrusadeName.SetVisible(false);
-        lblLastCrusade.SetVisible(false);
-        lblCredit2.SetVisible(false);
+        ShowNoCrusade();
         p.ShowButtonLabels = true;
         return;
     }
-    LoadInfo(p);
-    OpenRecordFile(p);
-    LoadZips(p);
-    LoadMembers(p);
+    bool opened = CrusadeWritable(p, p.DataFile) && OpenCrusade(p, [&] {
+        LoadInfo(p);
+        OpenRecordFile(p);
+        NoticeEmptyFile(p);
+        LoadZips(p);
+        LoadMembers(p);
+        return true;
+    });
+    if (!opened) {
+        ShowNoCrusade();
+        return;
+    }
     lblLastCrusadeName.SetCaption(p.CrusadeName + ":  Meeting #" + CStr(p.MeetingNumber));
     p.Loaded = true;
     btnLastCrusade.SetVisible(true);
+}
+
+void frmSplash::ShowNoCrusade() {
+    btnLastCrusade.SetVisible(false);
+    lblLastCrusadeName.SetVisible(false);
+    lblLastCrusade.SetVisible(false);
+    lblCredit2.SetVisible(false);
 }
 
 void frmSplash::Form_Click() {}
@@ -81,7 +93,11 @@ void frmSplash::Form_Click() {}
 void frmSplash::btnLastCrusade_Click() {
     lblLastCrusadeName.SetCaption("Loading " + p.CrusadeName + ":  Meeting #" + CStr(p.MeetingNumber));
     Refresh();
-    FullLoad(p);
+    if (!OpenCrusade(p, [&] { return FullLoad(p); })) {
+        // The operator picks another crusade or leaves.
+        ShowNoCrusade();
+        return;
+    }
     Unload();
 }
 

@@ -14,6 +14,8 @@ public:
     void btnLastCrusade_Click();
     void btSelect_Click();
     void btnExitVestrel_Click();
+    // No crusade to open from here: only New or Select and Exit are left.
+    void ShowNoCrusade();
 
     Program& p;
     forms::PictureBox picLogo{*this, "picLogo"};

@@ -91,9 +91,10 @@ bool Convert(ProgramState& p, int oldLen, bool keepsIntFlag, const std::string& 
         return true;
     }
     // Renames run with errors ignored: an existing .bak leaves the old file in place.
-    try { Name(p.DataFile, bak); } catch (const RuntimeError&) {}
-    try { Name(temp, p.DataFile); } catch (const RuntimeError&) {}
-    SaveInfo(p);
+    IgnoreErrors([&] { Name(p.DataFile, bak); });
+    IgnoreErrors([&] { Name(temp, p.DataFile); });
+    // Without the new version line the next open would ask again; its own box has named the file.
+    if (!SaveInfo(p)) return true;
     SaveSettings(p);
     p.host.MsgBox(doneText);
     return true;

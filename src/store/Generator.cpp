@@ -645,7 +645,7 @@ void GenerateCrusade(ProgramState& p, const std::string& dtaPath, int people, un
     maker.Members(people);
 
     maker.WriteRecords(dtaPath);
-    SaveInfo(p);
+    if (!SaveInfo(p)) return;
     SaveZips(p);
     SaveMembers(p);
 }

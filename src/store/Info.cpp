@@ -1,5 +1,7 @@
 #include "store/Info.h"
 
+#include <cmath>
+
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "store/Convert.h"
@@ -12,6 +14,16 @@ namespace {
 
 std::string RunningVersionLine() {
     return "version " + CStr(VersionMajor) + "." + CStr(VersionMinor) + "." + CStr(VersionRevision);
+}
+
+// The numeric prefix of a text as a 16-bit integer, rounded as the runtime
+// assigns; false when it does not fit one.
+template <class T>
+bool IntegerValue(const std::string& text, T& out) {
+    double v = std::nearbyint(Val(text));
+    if (!std::isfinite(v) || v < -32768.0 || v > 32767.0) return false;
+    out = static_cast<T>(v);
+    return true;
 }
 
 // Input # with errors ignored: once the file runs out every further read is skipped.
@@ -33,11 +45,11 @@ struct LenientReader {
         std::string s;
         if (Str(s) && !s.empty()) slot = s;
     }
-    bool Long(long& out) {
+    // An integer of the file; a value that does not fit one is damaged and keeps the default.
+    template <class T>
+    bool Int(T& out) {
         std::string s;
-        if (!Str(s)) return false;
-        out = static_cast<long>(Val(s));
-        return true;
+        return Str(s) && IntegerValue(s, out);
     }
     void Skip(int n) {
         std::string s;
@@ -50,10 +62,7 @@ void ReadLists(ProgramState& p, LenientReader& r, int teams) {
         std::string s;
         if (r.Str(s) && !s.empty() && s != ":") p.TeamNames[i] = s;
     }
-    for (int i = 1; i <= 4; ++i) {
-        long v;
-        if (r.Long(v)) p.SabAM[i] = static_cast<int>(v);
-    }
+    for (int i = 1; i <= 4; ++i) r.Int(p.SabAM[i]);
     for (int i = 1; i <= 8; ++i) r.ListEntry(p.DecisionNames[i]);
     for (int i = 1; i <= 15; ++i) r.ListEntry(p.ReligionList[i]);
     r.Skip(7);
@@ -122,16 +131,15 @@ void LoadInfo(ProgramState& p) {
         Overwrites(p);   // no information file: the defaults stand
         return;
     }
-    std::string line1, line3, line8, version;
-    long v = 0;
+    std::string line1, version;
     if (r.Str(line1)) p.CrusadeName = line1;
     r.Str(p.CrusadeDate);
-    if (r.Str(line3)) p.MeetingNumber = static_cast<int>(Val(line3));
-    if (r.Long(v)) p.LastRNum = v;
+    r.Int(p.MeetingNumber);
+    r.Int(p.LastRNum);
     r.Str(p.NumberDirection);
     r.Str(p.BackupPath);
-    if (r.Long(v)) p.FilterTotalAttend = static_cast<int>(v);
-    if (r.Str(line8)) p.PrintCutOff = static_cast<int>(Val(line8));
+    r.Int(p.FilterTotalAttend);
+    r.Int(p.PrintCutOff);
     r.Str(version);
     if (Right(p.CrusadeName, 7) == "*Canada") {
         p.CrusadeName = Left(p.CrusadeName, static_cast<long>(p.CrusadeName.size()) - 7);

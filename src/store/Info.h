@@ -8,7 +8,7 @@ struct ProgramState;
 void LoadInfo(ProgramState& p);
 // Writes all 133 lines; the file on disk is always the old or the new whole file.
 // False (after telling the operator) when the disk refused the file.
-bool SaveInfo(ProgramState& p);
+[[nodiscard]] bool SaveInfo(ProgramState& p);
 // The version number of a version line ("version 2.5.0" gives 2.5), 0 when short.
 double InfoVersionNumber(const std::string& line9);
 // Reads only the lists (teams, decisions, churches, sermons) of another crusade's

@@ -27,10 +27,15 @@ void PutRecord(ProgramState& p, long n) {
 }
 
 std::string NextRNum(ProgramState& p) {
+    long before = p.LastRNum;
     if (p.NumberDirection == "UP") p.LastRNum += 1;
     else if (p.NumberDirection == "DOWN") p.LastRNum -= 1;
     std::string num = Right("0000" + Trim(CStr(p.LastRNum)), 4);
-    SaveInfo(p);
+    // A number whose issue is not on disk could be given out again after a crash.
+    if (!SaveInfo(p)) {
+        p.LastRNum = before;
+        return std::string();
+    }
     return num;
 }
 

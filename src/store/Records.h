@@ -11,7 +11,9 @@ bool GetRecord(ProgramState& p, long n);
 // Writes MasterRec to record n.
 void PutRecord(ProgramState& p, long n);
 // Draws the next registration number and rewrites the information file at once.
-std::string NextRNum(ProgramState& p);
+// Empty, with LastRNum as it was, when that file could not be written (the
+// operator has been told): no number is handed out unless it is saved.
+[[nodiscard]] std::string NextRNum(ProgramState& p);
 // The crusade-wide lists at their defaults.
 void DefaultLists(ProgramState& p);
 // The entry of the "alpha" list for MasterRec at record n.

@@ -7,18 +7,6 @@
 
 using namespace vb;
 
-namespace {
-
-template <class F>
-void IgnoringErrors(F f) {
-    try {
-        f();
-    } catch (const RuntimeError&) {
-    }
-}
-
-}  // namespace
-
 void LoadSettings(ProgramState& p) {
     try {
         TextReader in(p.SettingsPath());
@@ -32,7 +20,7 @@ void LoadSettings(ProgramState& p) {
     }
     if (!p.DataFile.empty() && FileExists(p.DataFile)) {
         p.DataFolder = FolderOf(p.DataFile);
-        IgnoringErrors([&] { ChDir(p.DataFolder); });
+        IgnoreErrors([&] { ChDir(p.DataFolder); });
         p.CurrentFolder = p.DataFolder;
     } else {
         p.DataFile.clear();
@@ -41,7 +29,7 @@ void LoadSettings(ProgramState& p) {
 }
 
 void SaveSettings(ProgramState& p) {
-    IgnoringErrors([&] { ChDir(p.AppPath); });
+    IgnoreErrors([&] { ChDir(p.AppPath); });
     TextWriter w;
     try {
         w.Open(p.SettingsPath(), TextWriter::Mode::Output, true);

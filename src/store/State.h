@@ -73,11 +73,14 @@ struct ProgramState {
     std::array<std::string, 14> HourLabels;
     bool SoundOn = false;
 
-    // Side tables.
+    // Side tables. Each remembers the file it was read from (or made for), and is
+    // written back to that file only, so one crusade's table never lands on another's.
     std::vector<std::string> MemberList{std::string()};
     int MemberCount = 0;
+    std::string MembersFrom;
     std::array<std::string, 2001> ZipList;
     int ZipCount = 0;
+    std::string ZipsFrom;
 
     // The settings file.
     bool ShowButtonLabels = true;

@@ -196,5 +196,18 @@ TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
     f.c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
                        "You must add one more names to this filter or file before using this feature.");
     e.btnViewFile_Click();
+    // An empty filter: the information box alone, no blank card.
+    p.CurrentIndex = 0;
+    f.c.host.ExpectBox("Mail List-------- 10", host::vbOK, "File Information");
+    e.mnuInfo_Click();
+    EXPECT_FALSE(p.AddMode);
     f.c.host.Verify();
+}
+
+TEST(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
+    EditFixture f;
+    f.e->ChgRec[0].SetVisible(false);
+    f.e->mnuEditMode_Click();
+    EXPECT_FALSE(f.e->ChgRec[0].Visible());
+    for (int i = 1; i <= 3; ++i) EXPECT_TRUE(f.e->ChgRec[i].Visible()) << i;
 }

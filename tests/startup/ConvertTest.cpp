@@ -32,6 +32,7 @@ TEST(Conversion, A371ByteFileBecomesTheCurrentFormKeepingABak) {
     TestCrusade c;
     c.WriteFile(c.dataFile, OldRecord(371, "9999", "Olds") + OldRecord(371, "9998", "Older"));
     OldInfo(c, "");   // no version line: version 0, the 371 path
+    c.p.MasterRec.BirthDate = "9/9/99";   // a person of another crusade still in the buffer
     c.host.ExpectBox("This file was created with an older version of Vestrel", host::vbOK, "Vestrel 95: Old Database",
                      host::vbOKCancel | host::vbCritical)
         .ExpectBox("Conversion Complete.");
@@ -39,6 +40,7 @@ TEST(Conversion, A371ByteFileBecomesTheCurrentFormKeepingABak) {
     c.host.Verify();
     ASSERT_EQ(2, c.RecordsOnDisk());
     EXPECT_EQ(742, vb::FileLen(c.p.CrusadeFile("bak")));
+    EXPECT_EQ(std::string(8, ' '), c.ReadRecord(1).BirthDate.str());
     MasterRecord r = c.ReadRecord(2);
     EXPECT_EQ("9998", r.RNum.str());
     EXPECT_EQ("Older", vb::RTrim(r.LName));

@@ -17,9 +17,10 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
         c.p.TeamNames[3] = "Prior team:555";
         c.p.ReligionList[2] = "Prior church";
         c.p.MeetingNumber = 9;
-        SaveInfo(c.p);
+        ASSERT_TRUE(SaveInfo(c.p));
         c.p.TeamNames[3] = "Team #  3";
         c.p.ReligionList[2] = "Baptist";
+        c.p.BackupPath = "/media/stick";
 
         std::string fresh = c.appPath + "/data/Fresh.dta";
         c.host.ExpectOpen("Create a New Crusade or Select an Existing Crusade", fresh);
@@ -35,6 +36,7 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
         EXPECT_EQ(fresh, c.p.DataFile);
         EXPECT_EQ(1, c.p.MeetingNumber);
         EXPECT_EQ(9999, c.p.LastRNum);
+        EXPECT_EQ("", c.p.BackupPath);   // the splash path starts it afresh
         EXPECT_TRUE(vb::FileExists(fresh));
         EXPECT_EQ(usePrior ? "Prior team:555" : "Team #  3", c.p.TeamNames[3]);
         EXPECT_EQ(usePrior ? "Prior church" : "Baptist", c.p.ReligionList[2]);
@@ -114,6 +116,7 @@ TEST(Crusades, ANameThatDoesNotExistAsksAndCreatesKeepingTheLists) {
     c.p.Loaded = true;
     c.Open();
     c.p.TeamNames[2] = "Kept:1";
+    c.p.BackupPath = "/media/stick";
     EditForm& e = c.p.Edit();
     std::string fresh = c.appPath + "/data/Brand.dta";
     c.host.ExpectOpen("Create a New Crusade", fresh)
@@ -127,21 +130,42 @@ TEST(Crusades, ANameThatDoesNotExistAsksAndCreatesKeepingTheLists) {
     EXPECT_EQ(fresh, c.p.DataFile);
     EXPECT_EQ("Brand", c.p.CrusadeName);
     EXPECT_EQ("Kept:1", c.p.TeamNames[2]);
+    EXPECT_EQ("/media/stick", c.p.BackupPath);
     EXPECT_TRUE(c.p.AddMode);
     EXPECT_EQ("1", e.MtgNum.Text());
     EXPECT_TRUE(vb::FileExists(fresh));
     c.p.File1.Close();
 }
 
-TEST(Crusades, RecentFilesSkipVanishedFilesAndShiftKeys) {
+TEST(Crusades, RecentFilesKeepTheirPlacesAndDamagedKeysAreSkipped) {
     TestCrusade c;
     c.WriteRecords({});
     c.host.SaveSetting("MDINote", "Recent Files", "RecentFile1", "/no/such/file.dta");
+    c.host.SaveSetting("MDINote", "Recent Files", "RecentFile99999999999", "/damaged.dta");
     AddRecentFile(c.p, c.dataFile);
     EXPECT_EQ(c.dataFile, c.host.GetSetting("MDINote", "Recent Files", "RecentFile1", ""));
     EXPECT_EQ("/no/such/file.dta", c.host.GetSetting("MDINote", "Recent Files", "RecentFile2", ""));
-    c.p.Edit().UpdateRecentMenu();
+    EXPECT_EQ(0, RecentKeyNumber("RecentFile1e300"));
+    AddRecentFile(c.p, "/no/other.dta");   // the existing crusade moves to the second place
     EditForm& e = c.p.Edit();
-    EXPECT_EQ(c.dataFile, e.mnuRecentFile[1].Caption());
-    EXPECT_FALSE(e.mnuRecentFile[2].Visible());
+    e.UpdateRecentMenu();
+    struct Row { int place; bool shown; };
+    for (const Row& r : {Row{0, true}, Row{1, false}, Row{2, true}, Row{3, false}, Row{4, false}})
+        EXPECT_EQ(r.shown, e.mnuRecentFile[r.place].Visible()) << r.place;
+    EXPECT_EQ(c.dataFile, e.mnuRecentFile[2].Caption());
+}
+
+TEST(Crusades, AnUpperCaseExtensionOpensThatCrusade) {
+    TestCrusade c("First");
+    c.WriteRecords({MakePerson("9998", "Ann", "First")});
+    c.p.Loaded = true;
+    c.Open();
+    std::string loud = c.appPath + "/data/LOUD.DTA";
+    c.WriteFile(loud, c.ReadFile(c.dataFile));
+    c.host.ExpectOpen("Select an Existing Crusade", loud).ExpectBox("LOUD Has been loaded successfully.");
+    c.p.Edit().mnuChgCr_Click();
+    EXPECT_EQ(loud, c.p.DataFile);
+    EXPECT_EQ(1, c.p.IndexCount);
+    EXPECT_FALSE(vb::FileExists(loud + ".dta"));
+    c.p.File1.Close();
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "edit/EditForm.h"
 #include "platform/vb/Files.h"
@@ -12,37 +13,38 @@
 
 namespace fs = std::filesystem;
 
-TEST(Startup, FirstRunMakesTheDataFolderAndHasNoFile) {
-    TempFolder t;
-    ScriptedHost host;
-    Program p(host, t / "Vestrel");
-    fs::create_directories(t / "Vestrel");
-    bool sampled = false;
-    p.OnDataFolderCreated = [&](Program&) { sampled = true; };
-    host.ExpectBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder.\r\n"
-                   "It is recommended that you use this folder for all of your crusade files.",
-                   host::vbOK, "", host::vbOKOnly);
-    host.ExpectBox("You must select 'New' to either create a new meeting file or search for an existing file.",
-                   host::vbOK, "No File Present", host::vbInformation);
-    bool checkedSplash = false;
-    host.OnModal("frmSplash", [&](forms::Form& f) {
-        auto& s = static_cast<frmSplash&>(f);
-        EXPECT_FALSE(s.btnLastCrusade.Visible());
-        EXPECT_EQ("Version 2.5.0", s.lblVersion.Caption());
-        checkedSplash = true;
-        s.btnExitVestrel_Click();
-    });
-    bool ended = false;
-    try {
-        Main(p);
-    } catch (const host::EndProgram&) {
-        ended = true;
+TEST(Startup, FirstRunOrOldTempFilesBringTheDataFolderMessageAndNoFile) {
+    struct Row { bool dataThere, tempFiles; };
+    for (const Row& r : {Row{false, false}, Row{true, true}, Row{true, false}}) {
+        TempFolder t;
+        ScriptedHost host;
+        Program p(host, t / "Vestrel");
+        fs::create_directories(t / "Vestrel");
+        if (r.dataThere) fs::create_directories(t / "Vestrel/data");
+        if (r.tempFiles) {
+            fs::create_directories(t / "Vestrel/temp");
+            std::ofstream(t / "Vestrel/temp/old.tmp") << "x";
+        }
+        bool sampled = false;
+        p.OnDataFolderCreated = [&](Program&) { sampled = true; };
+        if (r.tempFiles || !r.dataThere)
+            host.ExpectBox("Vestrel has created a folder named 'Data' in the 'Vestrel' program folder.\r\n"
+                           "It is recommended that you use this folder for all of your crusade files.",
+                           host::vbOK, "", host::vbOKOnly);
+        host.ExpectBox("You must select 'New' to either create a new meeting file or search for an existing file.",
+                       host::vbOK, "No File Present", host::vbInformation);
+        host.OnModal("frmSplash", [&](forms::Form& f) {
+            auto& s = static_cast<frmSplash&>(f);
+            EXPECT_FALSE(s.btnLastCrusade.Visible());
+            EXPECT_EQ("Version 2.5.0", s.lblVersion.Caption());
+            s.btnExitVestrel_Click();
+        });
+        EXPECT_THROW(Main(p), host::EndProgram);
+        EXPECT_EQ(!r.dataThere, sampled);
+        EXPECT_FALSE(fs::exists(t / "Vestrel/temp"));
+        EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
+        EXPECT_TRUE(p.ShowButtonLabels);
     }
-    EXPECT_TRUE(ended);
-    EXPECT_TRUE(checkedSplash);
-    EXPECT_TRUE(sampled);
-    EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
-    EXPECT_TRUE(p.ShowButtonLabels);
 }
 
 TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
@@ -50,7 +52,7 @@ TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
     c.WriteRecords({MakePerson("9998", "Mary", "Zeller", "12-"), MakePerson("9997", "Al", "Adams", "1")});
     c.p.CrusadeName = "Spring";
     c.p.MeetingNumber = 2;
-    SaveInfo(c.p);
+    ASSERT_TRUE(SaveInfo(c.p));
     SaveSettings(c.p);
     std::string ini = c.ReadFile(c.appPath + "/Vestrel.ini");
     EXPECT_EQ(c.dataFile + "\r\nAvailable\r\n-1 \r\n 0 \r\n 0 \r\n", ini);
@@ -104,7 +106,7 @@ TEST(Startup, SettingsFileDamagedOrShortLoadsWhatItCan) {
 TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
     TestCrusade c;
     c.WriteRecords({});
-    SaveInfo(c.p);
+    ASSERT_TRUE(SaveInfo(c.p));
     SaveSettings(c.p);
     c.p.IsNewFile = true;
     c.p.Loaded = true;

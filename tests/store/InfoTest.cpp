@@ -90,7 +90,7 @@ TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     EXPECT_EQ("11/22/2026 9:30:00 AM", q.LastUpdated);
     // Saving what was loaded gives the same file.
     std::string first = c.ReadFile(p.CrusadeFile("inf"));
-    SaveInfo(q);
+    ASSERT_TRUE(SaveInfo(q));
     EXPECT_EQ(first, c.ReadFile(p.CrusadeFile("inf")));
 }
 
@@ -102,7 +102,7 @@ TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
     p.DecisionNames[1] = "Something";
     p.SermonTitles[3] = "";
     p.TeamNames[5] = ":";
-    SaveInfo(p);
+    ASSERT_TRUE(SaveInfo(p));
     LoadInfo(p);
     EXPECT_EQ("C", p.DecisionCodes[1]);
     EXPECT_EQ("U", p.DecisionCodes[9]);
@@ -122,7 +122,7 @@ TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     p.CrusadeName = "Smith, Jones";
     p.CrusadeDate = "3/1/2026";
     p.MeetingNumber = 4;
-    SaveInfo(p);
+    ASSERT_TRUE(SaveInfo(p));
     // The version line moves down one field too, so the file reads as an old one.
     c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete.");
     LoadInfo(p);
@@ -186,4 +186,35 @@ TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
     c.p.NumberDirection = "UP";
     c.p.LastRNum = 9999;
     EXPECT_EQ("0000", NextRNum(c.p));   // the text keeps the last four characters
+}
+
+TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
+    TestCrusade c;
+    struct Row { int line; std::string text; };
+    // Lines 3, 4, 7 and 8: MeetingNumber, LastRNum, FilterTotalAttend, PrintCutOff.
+    for (const Row& r : std::vector<Row>{{3, "1e300"}, {4, "-1e300"}, {4, "40000"}, {7, "1e18"}, {8, "-40000"},
+                                         {4, " 9876 "}}) {
+        std::vector<std::string> lines = {"Name", "1/1/2026", " 5", " 9876 ", "DOWN", "", " 3 ", " 2 ", "version 2.5.0"};
+        lines[r.line - 1] = r.text;
+        c.WriteFile(c.p.CrusadeFile("inf"), Join(lines));
+        LoadInfo(c.p);
+        EXPECT_EQ(r.line == 3 ? 1 : 5, c.p.MeetingNumber) << r.text;
+        EXPECT_EQ(r.line == 4 && r.text != " 9876 " ? 9999 : 9876, c.p.LastRNum) << r.text;
+        EXPECT_EQ(r.line == 7 ? 1 : 3, c.p.FilterTotalAttend) << r.text;
+        EXPECT_EQ(r.line == 8 ? 0 : 2, c.p.PrintCutOff) << r.text;
+    }
+}
+
+TEST(InfoFile, TheCanadianMarkReadsBackAndDoesNotGrow) {
+    TestCrusade c;
+    c.p.CrusadeName = "Toronto";
+    c.p.CanadaSorter = true;
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(SaveInfo(c.p));
+        EXPECT_EQ(0u, c.ReadFile(c.p.CrusadeFile("inf")).find("Toronto*Canada\r\n"));
+        c.p.CanadaSorter = false;
+        LoadInfo(c.p);
+        EXPECT_EQ("Toronto", c.p.CrusadeName);
+        EXPECT_TRUE(c.p.CanadaSorter);
+    }
 }

@@ -69,3 +69,30 @@ TEST(Zips, TheTableStopsAt2000AndCountsPeople) {
     LoadZips(c.p);
     EXPECT_EQ(2000, c.p.ZipCount);
 }
+
+TEST(Members, DamagedSideFilesReadTheSameAfterASave) {
+    TestCrusade c;
+    const std::vector<std::string> damaged = {
+        "0101Smith          John           \r\n\"0102Brown, Jr      Ann            \r\n0103Cole           Al             \r\n",
+        "\"0101Smith\r\n\r\n\"0102\r\n",
+        "0101Smith\r\n\"   , \"x\r\n",
+        "\"\"\"\r\n",
+    };
+    for (const std::string& text : damaged) {
+        c.WriteFile(c.p.CrusadeFile("mem"), text);
+        c.WriteFile(c.p.CrusadeFile("zps"), text);
+        LoadMembers(c.p);
+        LoadZips(c.p);
+        std::vector<std::string> members(c.p.MemberList.begin() + 1, c.p.MemberList.end());
+        std::vector<std::string> zips(c.p.ZipList.begin() + 1, c.p.ZipList.begin() + 1 + c.p.ZipCount);
+        EXPECT_EQ(members, zips);
+        for (int round = 0; round < 2; ++round) {
+            SaveMembers(c.p);
+            SaveZips(c.p);
+            LoadMembers(c.p);
+            LoadZips(c.p);
+            EXPECT_EQ(members, std::vector<std::string>(c.p.MemberList.begin() + 1, c.p.MemberList.end())) << text;
+            EXPECT_EQ(zips, std::vector<std::string>(c.p.ZipList.begin() + 1, c.p.ZipList.begin() + 1 + c.p.ZipCount));
+        }
+    }
+}

@@ -5,30 +5,31 @@
 #include "platform/forms/Form.h"
 
 ScriptedHost::ScriptedHost() = default;
-ScriptedHost::~ScriptedHost() = default;
+ScriptedHost::~ScriptedHost() { Verify(); }
 
-ScriptedHost& ScriptedHost::ExpectBox(const std::string& textPart, int answer, const std::string& title, int buttons) {
+ScriptedHost& ScriptedHost::ExpectBox(const std::string& textPart, int answer, std::optional<std::string> title,
+                                      std::optional<int> buttons) {
     expected_.push_back({"MsgBox", textPart, title, buttons, answer, {}, {}});
     return *this;
 }
 
 ScriptedHost& ScriptedHost::ExpectInput(const std::string& textPart, const std::string& answer) {
-    expected_.push_back({"InputBox", textPart, "\x01any", -1, 0, answer, {}});
+    expected_.push_back({"InputBox", textPart, std::nullopt, std::nullopt, 0, answer, {}});
     return *this;
 }
 
 ScriptedHost& ScriptedHost::ExpectOpen(const std::string& titlePart, const std::string& path) {
-    expected_.push_back({"Open", titlePart, "\x01any", -1, 0, path, {}});
+    expected_.push_back({"Open", titlePart, std::nullopt, std::nullopt, 0, path, {}});
     return *this;
 }
 
 ScriptedHost& ScriptedHost::ExpectSave(const std::string& titlePart, const std::string& path) {
-    expected_.push_back({"Save", titlePart, "\x01any", -1, 0, path, {}});
+    expected_.push_back({"Save", titlePart, std::nullopt, std::nullopt, 0, path, {}});
     return *this;
 }
 
 ScriptedHost& ScriptedHost::ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer) {
-    expected_.push_back({"Printer", "", "\x01any", -1, 0, {}, std::move(answer)});
+    expected_.push_back({"Printer", "", std::nullopt, std::nullopt, 0, {}, std::move(answer)});
     return *this;
 }
 
@@ -39,6 +40,8 @@ void ScriptedHost::OnModal(const std::string& formName, std::function<void(forms
 void ScriptedHost::Verify() {
     for (const Expected& e : expected_) ADD_FAILURE() << "Expected " << e.kind << " \"" << e.part << "\" was never shown";
     expected_.clear();
+    if (busyDepth > 0) ADD_FAILURE() << "The busy pointer was set " << busyDepth << " more time(s) than it was put back";
+    busyDepth = 0;
 }
 
 ScriptedHost::Expected* ScriptedHost::Next(const std::string& kind, const std::string& text) {
@@ -56,11 +59,11 @@ int ScriptedHost::MsgBox(const std::string& prompt, int buttons, const std::stri
     shown.push_back({"MsgBox", prompt, title, buttons});
     Expected* e = Next("MsgBox", prompt);
     if (!e) return (buttons & 7) == host::vbYesNo || (buttons & 7) == host::vbYesNoCancel ? host::vbNo : host::vbOK;
-    if (e->title != "\x01any") {
-        EXPECT_EQ(e->title, title) << "title of the box \"" << prompt << "\"";
+    if (e->title) {
+        EXPECT_EQ(*e->title, title) << "title of the box \"" << prompt << "\"";
     }
-    if (e->buttons >= 0) {
-        EXPECT_EQ(e->buttons, buttons) << "buttons of the box \"" << prompt << "\"";
+    if (e->buttons) {
+        EXPECT_EQ(*e->buttons, buttons) << "buttons of the box \"" << prompt << "\"";
     }
     int answer = e->answer;
     expected_.pop_front();
@@ -127,6 +130,11 @@ void ScriptedHost::HideForm(forms::Form& f) {
 }
 
 void ScriptedHost::UnloadForm(forms::Form& f) { f.SetVisibleFlag(false); }
+
+void ScriptedHost::SetBusy(bool busy) {
+    if (!busy && busyDepth == 0) ADD_FAILURE() << "The busy pointer was put back without being set";
+    busyDepth += busy ? 1 : -1;
+}
 
 int ScriptedHost::OpenDocument(const std::string& path) {
     opened.push_back(path);

@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 class ScriptedHost : public host::Host {
 public:
     ScriptedHost();
+    // Verifies: every expected box shown, every busy pointer put back.
     ~ScriptedHost() override;
 
     struct Shown {
@@ -23,9 +25,10 @@ public:
         int buttons = 0;
     };
 
-    // Expectations, met in order. The text is a part of the box's text.
+    // Expectations, met in order. The text is a part of the box's text; a title
+    // or buttons left out are not checked.
     ScriptedHost& ExpectBox(const std::string& textPart, int answer = host::vbOK,
-                            const std::string& title = "\x01any", int buttons = -1);
+                            std::optional<std::string> title = std::nullopt, std::optional<int> buttons = std::nullopt);
     ScriptedHost& ExpectInput(const std::string& textPart, const std::string& answer);
     // An empty path answers Cancel.
     ScriptedHost& ExpectOpen(const std::string& titlePart, const std::string& path);
@@ -33,7 +36,7 @@ public:
     ScriptedHost& ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer);
     // The script that runs while a modal form of this name is shown; it must close it.
     void OnModal(const std::string& formName, std::function<void(forms::Form&)> script);
-    // All expectations met? Fails the test otherwise.
+    // All expectations met and the busy pointer back to normal? Fails the test otherwise.
     void Verify();
     bool AllMet() const { return expected_.empty(); }
 
@@ -57,7 +60,7 @@ public:
     void HideForm(forms::Form& f) override;
     void UnloadForm(forms::Form& f) override;
     void Refresh(forms::Form&) override {}
-    void SetBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
+    void SetBusy(bool busy) override;
     void PlayWave(const std::string& path) override { sounds.push_back(path); }
     int OpenDocument(const std::string& path) override;
     std::optional<std::string> HttpGet(const std::string&) override { return std::nullopt; }
@@ -75,8 +78,8 @@ private:
     struct Expected {
         std::string kind;
         std::string part;
-        std::string title;
-        int buttons = -1;
+        std::optional<std::string> title;
+        std::optional<int> buttons;
         int answer = 0;
         std::string text;
         std::function<bool(host::PrinterDialog&)> printer;

@@ -15,6 +15,18 @@ public:
     std::string Description() const { return what(); }
 };
 
+// The "errors ignored" statements of the program: a run-time error inside f is
+// dropped and the caller goes on at its next statement. Returns false when one was.
+template <class F>
+bool IgnoreErrors(F&& f) {
+    try {
+        f();
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 // Standard descriptions for the numbers the program meets.
 std::string ErrorDescription(int number);
 [[noreturn]] void Raise(int number);
