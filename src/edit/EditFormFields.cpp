@@ -252,6 +252,11 @@ void EditForm::RNum_LostFocus() {
     }
     std::string text = Trim(RNum.Text());
     if (text.empty()) text = NextRNum(p);
+    if (text.empty()) {
+        // The information file refused the new number: none is given out, the box stays empty.
+        p.ScratchText.clear();
+        return;
+    }
     std::string number;
     if (CleanRegNumber(text, number)) {
         if (CheckDuplicate(number) == 3) {

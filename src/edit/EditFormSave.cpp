@@ -68,6 +68,7 @@ void EditForm::ScreenToRecord() {
 bool EditForm::SaveChanges() {
     if (LName.Text().empty()) LName.SetText("Unknown");
     if (RNum.Text().empty()) RNum.SetText(DrawRNum());
+    if (RNum.Text().empty()) return false;   // no number could be given out; the card stays as typed
     ScreenToRecord();
     const MasterRecord& r = p.MasterRec;
     const MasterRecord& u = p.UndoRec;
