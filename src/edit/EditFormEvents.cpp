@@ -176,6 +176,10 @@ void EditForm::mnuRecentFile_Click(int Index) {
     UpdateRecentMenu();
 }
 
-void EditForm::mnuChgCr_Click() { ChangeCrusade(p); }
+void EditForm::mnuChgCr_Click() {
+    // The person on screen is saved first; a refused write keeps this crusade open.
+    if (!p.AddMode && p.IndexCount != 0 && !SaveChanges()) return;
+    ChangeCrusade(p);
+}
 
-void EditForm::mnuNewCr_Click() { ChangeCrusade(p); }
+void EditForm::mnuNewCr_Click() { mnuChgCr_Click(); }

@@ -81,11 +81,14 @@ TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
     other.WriteRecords({MakePerson("9998", "Bob", "Second"), MakePerson("9997", "Cy", "Secondly")});
     std::string second = other.dataFile;
     EditForm& e = c.p.Edit();
+    e.FName.SetText("Annie");   // an edit on screen is saved to its own crusade before the change
 
     c.host.ExpectOpen("Create a New Crusade or Select an Existing Crusade", second)
         .ExpectBox("Second Has been loaded successfully.");
     e.mnuChgCr_Click();
     c.host.Verify();
+    EXPECT_EQ("Annie", vb::RTrim(c.ReadRecord(1).FName));
+    EXPECT_EQ("Bob", vb::RTrim(other.ReadRecord(1).FName));
     EXPECT_EQ(second, c.p.DataFile);
     EXPECT_EQ("Second", e.LName.Text());
     EXPECT_EQ(2, c.p.IndexCount);
