@@ -691,6 +691,14 @@ TEST_F(FormViewTest, AKeyHeldFromElsewhereNeverPressesAButtonAndBoxesTypeOnlyWhe
         repeat(QEvent::KeyPress);
     }
     EXPECT_TRUE(f.log.empty());
+    // Nor does the form or a box hear of such a key.
+    f.Name.SetFocus();
+    f.keys.clear();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(W<QLineEdit>(f.Name), &held);
+    EXPECT_TRUE(f.keys.empty());
+    f.btnGo.SetFocus();
+    f.log.clear();
     // A click is one step, whatever came before; Enter pressed here is one more, held or not.
     QTest::mouseClick(go, Qt::LeftButton);
     QTest::sendKeyEvent(QTest::Press, go, Qt::Key_Return, QString("\r"), Qt::NoModifier);
