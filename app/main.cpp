@@ -10,22 +10,28 @@
 #include "store/Generator.h"
 #include "program/Program.h"
 
-#ifndef VESTREL_RESOURCES
-#define VESTREL_RESOURCES "resources"
-#endif
-
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Vestrel");
-    QApplication::setWindowIcon(QIcon(QString(VESTREL_RESOURCES) + "/pictures/vestrel.svg"));
+    const QString programDir = QCoreApplication::applicationDirPath();
+    const QString found = FindResourceFolder(programDir);
+    if (found.isEmpty()) {
+        QMessageBox::critical(nullptr, "Vestrel",
+                              "Vestrel's pictures, sounds and help were not found beside the program (" + programDir +
+                                  "/resources) nor in its data folder (" + programDir +
+                                  "/../share/vestrel). Install Vestrel again.");
+        return 1;
+    }
+    const std::string resources = FromQString(found);
+    QApplication::setWindowIcon(QIcon(found + "/pictures/vestrel.svg"));
 
     std::string appPath = DefaultAppPath();
     std::string error;
-    if (!InstallProgramFolder(appPath, VESTREL_RESOURCES, error)) {
+    if (!InstallProgramFolder(appPath, resources, error)) {
         QMessageBox::critical(nullptr, "Vestrel", QString::fromStdString(error));
         return 1;
     }
-    QtHost host(appPath + "/settings-store.ini", VESTREL_RESOURCES);
+    QtHost host(appPath + "/settings-store.ini", resources);
     Program p(host, appPath);
     // A new user finds a crusade to open at once.
     p.OnDataFolderCreated = [](Program& prog) {

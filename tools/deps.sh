@@ -3,9 +3,12 @@
 # Quiet and quick when everything is there already.
 set -euo pipefail
 
-packages=(g++ cmake make pkg-config qt6-base-dev qt6-multimedia-dev libgl-dev googletest libgtest-dev
+# libqt6svg6 holds the plug-ins Qt loads at run time to draw the SVG pictures
+# (image format and icon engine); the tests draw every picture too.
+packages=(g++ cmake make pkg-config qt6-base-dev qt6-multimedia-dev libqt6svg6 libgl-dev googletest libgtest-dev
           libbenchmark-dev fonts-liberation poppler-utils)
 if [ "${1:-}" = "--desktop" ]; then
+  # The X11 platform plug-in's extras and the sound back end's decoders.
   packages+=(qt6-qpa-plugins gstreamer1.0-plugins-good)
 fi
 

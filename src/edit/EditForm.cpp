@@ -12,7 +12,7 @@ const char* const ButtonLabelsText =
     "Global  New  SDA   Del/ Restore  Mark  GoTo      Name        Undo  Attend   PreV  Chart  Stats";
 
 namespace {
-constexpr int px = 15;   // twips per pixel
+constexpr int px = TwipsPerPixel;
 
 void Place(Control& c, int x, int y, int w, int h, Control* in = nullptr) {
     if (in) c.SetContainer(in);
@@ -97,7 +97,7 @@ void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count
 
 void EditForm::Layout() {
     SetCaption("Vestrel Edit Screen");
-    Move(0, 0, 880 * px, 600 * px);
+    Move(0, 0, 920 * px, 580 * px);
 
     // The caption line over the bar, in a fixed-pitch face, with each button under its word.
     lblShowButtonLabels.SetCaption(ButtonLabelsText);
@@ -120,16 +120,17 @@ void EditForm::Layout() {
         if (end == std::string::npos) end = text.size();
         if (text.compare(start, 4, "Del/") == 0) end = start + 4;
         int centre = left0 + static_cast<int>((start + end) * charW / 2);
-        Place(*bar[b], centre - 17, 21, 34, 34);
+        // Narrower than the room under a word, so that neighbours never touch.
+        Place(*bar[b], centre - 15, 21, 31, 34);
         bar[b]->SetToolTipText(tips[b]);
         bar[b]->SetPicture(bar[b]->Name());
         pos = end;
     }
     ShowAll.SetCaption("");
 
-    Place(SearchBoxLabel, 700, 4, 178, 16);
-    Place(SearchBox, 700, 21, 170, 22);
-    Place(FndNameBx, 700, 46, 170, 16);
+    Place(SearchBoxLabel, 700, 4, 206, 16);
+    Place(SearchBox, 700, 21, 200, 22);
+    Place(FndNameBx, 700, 46, 200, 16);
 
     // The list and where we stand in it.
     EditLabel.SetFontBold(true);
@@ -142,66 +143,64 @@ void EditForm::Layout() {
     AddNameLabel.SetFontBold(true);
     Place(MtgNumLabel, 540, 64, 100, 16);
     Place(MtgNum, 640, 62, 40, 22);
-    Place(ReturnToPreviewMsg, 10, 100, 860, 16);
-    ReturnToPreviewMsg.SetForeColor(vbRed);
 
     // The card.
     auto field = [](Label& l, Control& box, int x, int y, int w) {
         Place(l, x, y, w, 15);
         Place(box, x, y + 15, w, 22);
     };
-    field(lblRNum, RNum, 10, 122, 56);
-    field(lblFName, FName, 74, 122, 170);
-    field(lblLName, LName, 252, 122, 170);
-    field(lblPhone, Phone, 430, 122, 110);
-    field(lblEmail, txtEmail, 548, 122, 240);
-    field(lblAddress, Address, 10, 168, 250);
-    field(lblCity, City, 268, 168, 160);
-    field(lblState, State, 436, 168, 40);
-    field(lblZip, Zip, 484, 168, 90);
-    field(lblAge, Age, 582, 168, 76);
-    Place(Label_Mailist, 666, 168, 70, 15);
-    Place(MailList, 666, 185, 20, 20);
-    field(lblRelPref, RelPref, 10, 214, 170);
-    field(lblAdvertising, Advertising, 188, 214, 150);
-    field(lblWorkerCode, WorkerCode, 346, 214, 70);
-    field(lblIntLevel, IntLevel, 424, 214, 60);
-    field(lblVisits, Visits, 492, 214, 110);
-    field(lblMapCode, MapCode, 610, 214, 80);
-    field(lblBaptDate, BaptDate, 10, 260, 80);
-    Place(lblBapDate, 94, 279, 40, 16);
-    field(lblBirthDate, BirthDate, 140, 260, 80);
-    Place(lblClass, 232, 260, 100, 15);
-    Place(Class, 232, 277, 20, 20);
-    Place(lBaptized, 340, 260, 90, 15);
-    Place(Baptized, 340, 277, 20, 20);
-    Place(chkMarkToVisit, 440, 276, 130, 22);
-    Place(btnPrayer, 740, 168, 130, 44);
+    field(lblRNum, RNum, 10, 102, 56);
+    field(lblFName, FName, 74, 102, 170);
+    field(lblLName, LName, 252, 102, 170);
+    field(lblPhone, Phone, 430, 102, 110);
+    field(lblEmail, txtEmail, 548, 102, 240);
+    field(lblAddress, Address, 10, 148, 250);
+    field(lblCity, City, 268, 148, 160);
+    field(lblState, State, 436, 148, 40);
+    field(lblZip, Zip, 484, 148, 90);
+    field(lblAge, Age, 582, 148, 76);
+    Place(Label_Mailist, 666, 148, 70, 15);
+    Place(MailList, 666, 165, 20, 20);
+    field(lblRelPref, RelPref, 10, 194, 170);
+    field(lblAdvertising, Advertising, 188, 194, 150);
+    field(lblWorkerCode, WorkerCode, 346, 194, 70);
+    field(lblIntLevel, IntLevel, 424, 194, 60);
+    field(lblVisits, Visits, 492, 194, 110);
+    field(lblMapCode, MapCode, 610, 194, 80);
+    field(lblBaptDate, BaptDate, 10, 240, 80);
+    Place(lblBapDate, 94, 259, 40, 16);
+    field(lblBirthDate, BirthDate, 140, 240, 80);
+    Place(lblClass, 232, 240, 100, 15);
+    Place(Class, 232, 257, 20, 20);
+    Place(lBaptized, 340, 240, 90, 15);
+    Place(Baptized, 340, 257, 20, 20);
+    Place(chkMarkToVisit, 440, 256, 130, 22);
+    Place(btnPrayer, 740, 148, 130, 44);
     btnPrayer.SetToolTipText("Use this instead of Notes  for all pertinant Comments or Prayer Requests [Ctrl-P]");
     btnPrayer.SetPicture("btnPrayer");
     RelPref.SetToolTipText("Select from List or type in name");
 
-    Place(lblAttendance, 10, 306, 100, 15);
-    Place(Attendance, 10, 321, 340, 22);
+    Place(lblAttendance, 10, 286, 100, 15);
+    Place(Attendance, 10, 301, 340, 22);
     Attendance.FixedPitch = true;
     Attendance.SetFont("Courier New", 9);
-    Place(lblAttend, 358, 306, 40, 15);
-    Place(Attend, 358, 321, 40, 22);
-    Place(lblLast, 406, 306, 40, 15);
-    Place(Last, 406, 321, 40, 22);
-    Place(Decisions, 454, 321, 100, 22);
+    Place(lblAttend, 358, 286, 40, 15);
+    Place(Attend, 358, 301, 40, 22);
+    Place(lblLast, 406, 286, 40, 15);
+    Place(Last, 406, 301, 40, 22);
+    Place(Decisions, 454, 301, 100, 22);
     Decisions.SetVisible(false);
 
-    Place(Frame1, 10, 352, 540, 100);
+    Place(Frame1, 10, 332, 540, 100);
     for (int i = 0; i <= 8; ++i) {
         Place(Dec[i], 10 + (i % 3) * 176, 20 + (i / 3) * 24, 170, 22, &Frame1);
         Dec[i].SetVisible(true);
     }
-    Place(Label17, 560, 352, 310, 15);
-    Place(Notes, 560, 369, 310, 83);
+    Place(Label17, 560, 332, 310, 15);
+    Place(Notes, 560, 349, 310, 83);
     Notes.MultiLine = true;
 
-    Place(frameVisit, 560, 258, 310, 88);
+    Place(frameVisit, 560, 238, 310, 88);
     Place(lblVisitVisit, 10, 22, 50, 16, &frameVisit);
     Place(boxVisitVisits, 60, 20, 90, 22, &frameVisit);
     Place(lblVisitInt, 160, 22, 60, 16, &frameVisit);
@@ -214,15 +213,19 @@ void EditForm::Layout() {
     const char* chgTips[] = {"First name in the list", "Right Click for next  alphabet, worker code, etc.",
                              "Right Click for next church, alphabet, worker code, etc.", "Last name in the list"};
     for (int i = 0; i <= 3; ++i) {
-        Place(ChgRec[i], 10 + i * 52, 470, 48, 40);
+        Place(ChgRec[i], 10 + i * 52, 450, 48, 40);
         ChgRec[i].SetVisible(true);
         ChgRec[i].SetPicture("ChgRec" + std::to_string(i));
         ChgRec[i].SetToolTipText(chgTips[i]);
     }
-    Place(lblNextFieldBtn, 230, 484, 200, 16);
-    Place(btnSaveNew, 450, 466, 130, 46);
-    Place(btnSaveExit, 590, 466, 130, 46);
-    Place(btnCancelNew, 730, 466, 130, 46);
+    Place(lblNextFieldBtn, 230, 464, 200, 16);
+    // Narrow, so that each caption wraps where its blanks push the second line down.
+    Place(btnSaveNew, 600, 446, 64, 46);
+    Place(btnSaveExit, 672, 446, 64, 46);
+    Place(btnCancelNew, 744, 446, 64, 46);
+    // Shown only while one person is edited from the preview: under the card, not above it.
+    Place(ReturnToPreviewMsg, 10, 500, 900, 16);
+    ReturnToPreviewMsg.SetForeColor(vbRed);
 
     // Focus catchers and the picture box take no room.
     Place(EntInd, 0, 0, 0, 0);

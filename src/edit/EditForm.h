@@ -17,6 +17,7 @@ public:
     void SetupScreen(const std::string& labelText);
     void ResetBackColor();
     void SetBackColor();
+    using Form::SetBackColor;   // the form's own colour stays reachable
     void UpdateRecentMenu();
     // Adds the path unless the menu already shows it; the menu is refreshed either way.
     void RememberFile(const std::string& path);

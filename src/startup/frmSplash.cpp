@@ -19,7 +19,7 @@ using namespace vb;
 frmSplash::frmSplash(Program& prog) : Form(prog.host, "frmSplash"), p(prog) {
     KeyPreview = true;
     SetCaption("Vestrel");
-    const int px = 15;
+    const int px = TwipsPerPixel;
     Move(0, 0, 520 * px, 330 * px);
     picLogo.SetPicture("vestrel");
     picLogo.Move(24 * px, 24 * px, 96 * px, 96 * px);

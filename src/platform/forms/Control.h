@@ -42,10 +42,32 @@ enum class Kind {
     HScrollBar, VScrollBar, TabStrip, PictureBox, Menu,
 };
 
-// What changed, for the view.
+// What changed, for the view. Fields: one of the plain settings (Locked,
+// MaxLength, Alignment, Min, Max).
 enum class Prop {
     Text, Caption, Value, Visible, Enabled, Colors, Font, Geometry, List, ListIndex, Checked,
-    Selection, ToolTip, Picture, Tabs,
+    Selection, ToolTip, Picture, Tabs, Fields,
+};
+
+// Twips to the pixel on the usual 96 dpi desktop.
+inline constexpr int TwipsPerPixel = 15;
+
+class Control;
+
+// A setting read and assigned like a plain member, which tells the view when
+// it changes, so that it may change while the form is on screen.
+template <class T>
+class Setting {
+public:
+    Setting(Control* owner, T v) : owner_(owner), v_(v) {}
+    Setting(const Setting&) = delete;
+    Setting& operator=(const Setting& o) { return *this = o.v_; }
+    Setting& operator=(T v);
+    operator T() const { return v_; }
+
+private:
+    Control* owner_;
+    T v_;
 };
 
 class Control {
@@ -104,17 +126,20 @@ public:
     void SetSelStart(int s);
     void SetSelLength(int n);
     std::string SelText() const;
+    // A locked box shows its text and takes no typing.
+    Setting<bool> Locked{this, false};
+    Setting<int> MaxLength{this, 0};      // 0: no limit
+    Setting<int> Alignment{this, 0};      // 0 left, 1 right, 2 centre
+    // Set before the form is first shown: a box does not change kind on screen.
     bool MultiLine = false;
-    bool Locked = false;
-    int MaxLength = 0;
     bool FixedPitch = false;   // shown in a fixed-pitch face
-    int Alignment = 0;         // 0 left, 1 right, 2 centre
 
     // Value of check boxes (0/1/2), option buttons (0 / -1 when on) and scroll bars.
     // Setting a different value fires Click; an option button turns its siblings off.
     int Value() const { return value_; }
     void SetValue(int v);
-    int Min = 0, Max = 32767, SmallChange = 1, LargeChange = 1;
+    Setting<int> Min{this, 0}, Max{this, 32767};
+    int SmallChange = 1, LargeChange = 1;   // set before showing
 
     // Combo and list boxes. Setting ListIndex fires Click; for a combo it also sets Text.
     const std::vector<std::string>& List() const { return list_; }
@@ -163,6 +188,9 @@ public:
 
     void Fire(const std::function<void()>& f) { if (f) f(); }
 
+    // The view is told that one of the settings changed.
+    void SettingChanged() { Changed(Prop::Fields); }
+
 private:
     void Changed(Prop p);
 
@@ -190,6 +218,14 @@ private:
     bool checked_ = false;
     std::string picture_;
 };
+
+template <class T>
+Setting<T>& Setting<T>::operator=(T v) {
+    if (v_ == v) return *this;
+    v_ = v;
+    owner_->SettingChanged();
+    return *this;
+}
 
 struct TextBox : Control {
     TextBox(Form& f, const std::string& name, int index = -1) : Control(f, Kind::TextBox, name, index) {}

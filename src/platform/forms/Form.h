@@ -116,6 +116,10 @@ private:
 template <class T>
 class ControlArray {
 public:
+    // Its handlers hold its address.
+    ControlArray(const ControlArray&) = delete;
+    ControlArray& operator=(const ControlArray&) = delete;
+
     template <class... Args>
     ControlArray(Form& f, std::string name, int count, Args... args)
         : form_(f), name_(std::move(name)) {

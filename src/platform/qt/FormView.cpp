@@ -34,11 +34,10 @@ using forms::Prop;
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 // What a form's Width and Height hold beyond the client area: border and title bar.
 constexpr int kFrameWidth = 8, kFrameHeight = 31;
 
-int Px(int twips) { return static_cast<int>(std::lround(twips / static_cast<double>(kTwipsPerPixel))); }
+int Px(int twips) { return static_cast<int>(std::lround(twips / static_cast<double>(forms::TwipsPerPixel))); }
 
 // The view is showing the model: what the widgets signal now is not the operator.
 class Applying {
@@ -68,19 +67,28 @@ QString StripMnemonic(const QString& s) {
     return out;
 }
 
-// Captions of command buttons wrap at blanks, as the old buttons did.
+// Captions of command buttons wrap at blanks, as the old buttons did: a line
+// takes words, with the blanks between them, while they fit; the blanks where
+// it breaks go. A run of blanks in a caption is there to push a word down.
 QString WrapCaption(const QString& caption, const QFont& font, int width) {
     QFontMetricsF fm(font);
     const double room = width - 10;
     if (room <= 0 || fm.horizontalAdvance(StripMnemonic(caption)) <= room) return caption;
-    QStringList words = caption.split(' ', Qt::SkipEmptyParts);
     QStringList lines;
     QString line;
-    for (const QString& w : words) {
-        QString tryLine = line.isEmpty() ? w : line + ' ' + w;
+    qsizetype i = 0;
+    while (i < caption.size()) {
+        qsizetype start = i;
+        while (start < caption.size() && caption[start] == ' ') ++start;
+        qsizetype end = start;
+        while (end < caption.size() && caption[end] != ' ') ++end;
+        if (start == end) break;
+        const QString blanks = caption.mid(i, start - i), word = caption.mid(start, end - start);
+        i = end;
+        QString tryLine = line.isEmpty() ? word : line + blanks + word;
         if (!line.isEmpty() && fm.horizontalAdvance(StripMnemonic(tryLine)) > room) {
             lines << line;
-            line = w;
+            line = word;
         } else {
             line = tryLine;
         }
@@ -298,17 +306,17 @@ QWidget* FormView::Make(Control& c) {
             auto* e = new QPlainTextEdit(content_);
             e->setTabChangesFocus(true);
             connect(e, &QPlainTextEdit::textChanged, e, [this, e] {
-                Act(e, [e](Control& c) {
+                Act(e, [e](Control& ctl) {
                     QString t = e->toPlainText();
-                    c.UserTyped(FromPlain(t), ModelPos(t, e->textCursor().position()));
+                    ctl.UserTyped(FromPlain(t), ModelPos(t, e->textCursor().position()));
                 });
             });
             connect(e, &QPlainTextEdit::cursorPositionChanged, e, [this, e] {
-                Act(e, [e](Control& c) {
+                Act(e, [e](Control& ctl) {
                     QTextCursor cur = e->textCursor();
                     QString t = e->toPlainText();
                     int s = ModelPos(t, cur.selectionStart()), end = ModelPos(t, cur.selectionEnd());
-                    c.UserSelect(s, end - s);
+                    ctl.UserSelect(s, end - s);
                 }, false);
             });
             Own(e->viewport(), c);
@@ -317,9 +325,9 @@ QWidget* FormView::Make(Control& c) {
             auto* e = new QLineEdit(content_);
             e->setFrame(true);
             connect(e, &QLineEdit::textEdited, e, [this, e](const QString& t) {
-                Act(e, [&](Control& c) { c.UserTyped(FromQString(t), e->cursorPosition()); });
+                Act(e, [&](Control& ctl) { ctl.UserTyped(FromQString(t), e->cursorPosition()); });
             });
-            auto select = [this, e] { Act(e, [e](Control& c) { UserCaret(e, c); }, false); };
+            auto select = [this, e] { Act(e, [e](Control& ctl) { UserCaret(e, ctl); }, false); };
             connect(e, &QLineEdit::cursorPositionChanged, e, select);
             connect(e, &QLineEdit::selectionChanged, e, select);
             w = e;
@@ -335,13 +343,13 @@ QWidget* FormView::Make(Control& c) {
     case Kind::CommandButton: {
         auto* b = new QPushButton(content_);
         b->setAutoDefault(false);
-        connect(b, &QPushButton::clicked, b, [this, b] { Act(b, [](Control& c) { c.UserClick(); }); });
+        connect(b, &QPushButton::clicked, b, [this, b] { Act(b, [](Control& ctl) { ctl.UserClick(); }); });
         w = b;
         break;
     }
     case Kind::CheckBox: {
         auto* b = new QCheckBox(content_);
-        connect(b, &QCheckBox::clicked, b, [this, b] { Act(b, [](Control& c) { c.UserClick(); }); });
+        connect(b, &QCheckBox::clicked, b, [this, b] { Act(b, [](Control& ctl) { ctl.UserClick(); }); });
         w = b;
         break;
     }
@@ -349,7 +357,7 @@ QWidget* FormView::Make(Control& c) {
         auto* b = new QRadioButton(content_);
         // The model turns the other options of the container off.
         b->setAutoExclusive(false);
-        connect(b, &QRadioButton::clicked, b, [this, b] { Act(b, [](Control& c) { c.UserClick(); }); });
+        connect(b, &QRadioButton::clicked, b, [this, b] { Act(b, [](Control& ctl) { ctl.UserClick(); }); });
         w = b;
         break;
     }
@@ -361,12 +369,12 @@ QWidget* FormView::Make(Control& c) {
         cb->setCompleter(nullptr);
         QLineEdit* e = cb->lineEdit();
         connect(cb, &QComboBox::activated, cb, [this, cb](int i) {
-            Act(cb, [i](Control& c) { c.UserListIndex(i); });
+            Act(cb, [i](Control& ctl) { ctl.UserListIndex(i); });
         });
         connect(e, &QLineEdit::textEdited, e, [this, e](const QString& t) {
-            Act(e, [&](Control& c) { c.UserTyped(FromQString(t), e->cursorPosition()); });
+            Act(e, [&](Control& ctl) { ctl.UserTyped(FromQString(t), e->cursorPosition()); });
         });
-        auto select = [this, e] { Act(e, [e](Control& c) { UserCaret(e, c); }, false); };
+        auto select = [this, e] { Act(e, [e](Control& ctl) { UserCaret(e, ctl); }, false); };
         connect(e, &QLineEdit::cursorPositionChanged, e, select);
         connect(e, &QLineEdit::selectionChanged, e, select);
         Own(e, c);
@@ -376,7 +384,7 @@ QWidget* FormView::Make(Control& c) {
     case Kind::ListBox: {
         auto* l = new QListWidget(content_);
         connect(l, &QListWidget::currentRowChanged, l, [this, l](int row) {
-            Act(l, [row](Control& c) { c.UserListIndex(row); });
+            Act(l, [row](Control& ctl) { ctl.UserListIndex(row); });
         });
         Own(l->viewport(), c);
         w = l;
@@ -388,7 +396,7 @@ QWidget* FormView::Make(Control& c) {
         auto* s = new QScrollBar(c.kind() == Kind::VScrollBar ? Qt::Vertical : Qt::Horizontal, content_);
         // Change when the thumb is let go, not for every step of a drag.
         s->setTracking(false);
-        connect(s, &QScrollBar::valueChanged, s, [this, s](int v) { Act(s, [v](Control& c) { c.SetValue(v); }); });
+        connect(s, &QScrollBar::valueChanged, s, [this, s](int v) { Act(s, [v](Control& ctl) { ctl.SetValue(v); }); });
         w = s;
         break;
     }
@@ -402,7 +410,7 @@ QWidget* FormView::Make(Control& c) {
         bar->setDrawBase(false);
         bar->setExpanding(false);
         connect(bar, &QTabBar::currentChanged, bar, [this, bar](int i) {
-            Act(bar, [i](Control& c) { c.SetSelectedTab(i + 1); });
+            Act(bar, [i](Control& ctl) { ctl.SetSelectedTab(i + 1); });
         });
         Own(bar, c);
         w = strip;
@@ -423,9 +431,11 @@ QWidget* FormView::Make(Control& c) {
     return w;
 }
 
-void FormView::ApplyAll(Control& c) {
+void FormView::ApplyAll(const Control& c) {
     QWidget* w = WidgetOf(c);
     if (!w) return;
+    // The font first: a button's caption wraps by it.
+    w->setFont(FontFor(c.FontName(), c.FontSize(), c.FontBold(), c.FixedPitch));
     ApplyFields(c, w);
     ApplyGeometry(c, w);
     ApplyCaption(c, w);
@@ -434,14 +444,13 @@ void FormView::ApplyAll(Control& c) {
     ApplyValue(c, w);
     ApplyText(c, w);
     ApplyColors(c, w);
-    w->setFont(FontFor(c.FontName(), c.FontSize(), c.FontBold(), c.FixedPitch));
     ApplyPicture(c, w);
     w->setToolTip(ToQString(c.ToolTipText()));
     w->setEnabled(c.Enabled());
     w->setVisible(c.Visible());
 }
 
-void FormView::Apply(Control& c, Prop p) {
+void FormView::Apply(const Control& c, Prop p) {
     QWidget* w = WidgetOf(c);
     if (!w) return;
     ApplyFields(c, w);
@@ -463,20 +472,21 @@ void FormView::Apply(Control& c, Prop p) {
     case Prop::ToolTip: w->setToolTip(ToQString(c.ToolTipText())); break;
     case Prop::Picture: ApplyPicture(c, w); break;
     case Prop::Tabs: ApplyTabs(c, w); break;
-    case Prop::Checked: break;
+    case Prop::Checked:
+    case Prop::Fields: break;   // taken up above
     }
 }
 
 // Fields of the model that are plain members and send no notice: taken up
 // whenever the control changes.
-void FormView::ApplyFields(Control& c, QWidget* w) {
+void FormView::ApplyFields(const Control& c, QWidget* w) {
     Qt::Alignment h = c.Alignment == 1 ? Qt::AlignRight : c.Alignment == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
-    if (auto* e = qobject_cast<QLineEdit*>(w)) {
+    if (QLineEdit* e = LineEditOf(w)) {
         e->setReadOnly(c.Locked);
         e->setMaxLength(c.MaxLength > 0 ? c.MaxLength : 32767);
         e->setAlignment(h | Qt::AlignVCenter);
-    } else if (auto* e = qobject_cast<QPlainTextEdit*>(w)) {
-        e->setReadOnly(c.Locked);
+    } else if (auto* pe = qobject_cast<QPlainTextEdit*>(w)) {
+        pe->setReadOnly(c.Locked);
     } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
         QSignalBlocker b(s);
         s->setInvertedAppearance(c.Min > c.Max);
@@ -488,7 +498,7 @@ void FormView::ApplyFields(Control& c, QWidget* w) {
     }
 }
 
-void FormView::ApplyGeometry(Control& c, QWidget* w) {
+void FormView::ApplyGeometry(const Control& c, QWidget* w) {
     QWidget* parent = content_;
     if (Control* k = c.Container(); k && (k->kind() == Kind::Frame || k->kind() == Kind::PictureBox))
         if (QWidget* kw = WidgetOf(*k)) parent = kw;
@@ -505,7 +515,7 @@ void FormView::ApplyGeometry(Control& c, QWidget* w) {
     }
 }
 
-void FormView::ApplyText(Control& c, QWidget* w) {
+void FormView::ApplyText(const Control& c, QWidget* w) {
     if (c.kind() != Kind::TextBox && c.kind() != Kind::ComboBox) return;
     // Set only what differs, so the caret stays where the operator has it.
     if (auto* e = qobject_cast<QPlainTextEdit*>(w)) {
@@ -525,7 +535,7 @@ void FormView::ApplyText(Control& c, QWidget* w) {
     ApplySelection(c, w);
 }
 
-void FormView::ApplySelection(Control& c, QWidget* w) {
+void FormView::ApplySelection(const Control& c, QWidget* w) {
     if (auto* e = qobject_cast<QPlainTextEdit*>(w)) {
         QSignalBlocker b(e);
         QTextCursor cur = e->textCursor();
@@ -542,7 +552,7 @@ void FormView::ApplySelection(Control& c, QWidget* w) {
     else e->setCursorPosition(c.SelStart());
 }
 
-void FormView::ApplyCaption(Control& c, QWidget* w) {
+void FormView::ApplyCaption(const Control& c, QWidget* w) {
     QString cap = ToQString(c.Caption());
     switch (c.kind()) {
     case Kind::Label: static_cast<QLabel*>(w)->setText(StripMnemonic(cap)); break;
@@ -554,7 +564,7 @@ void FormView::ApplyCaption(Control& c, QWidget* w) {
     }
 }
 
-void FormView::ApplyValue(Control& c, QWidget* w) {
+void FormView::ApplyValue(const Control& c, QWidget* w) {
     QSignalBlocker b(w);
     switch (c.kind()) {
     case Kind::CheckBox: {
@@ -572,7 +582,7 @@ void FormView::ApplyValue(Control& c, QWidget* w) {
     }
 }
 
-void FormView::ApplyColors(Control& c, QWidget* w) {
+void FormView::ApplyColors(const Control& c, QWidget* w) {
     QPalette pal = QApplication::palette(w);
     QColor back = ColorOf(c.BackColor()), fore = ColorOf(c.ForeColor());
     auto text = [&pal](QPalette::ColorRole role, const QColor& col) {
@@ -606,7 +616,7 @@ void FormView::ApplyColors(Control& c, QWidget* w) {
     w->setPalette(pal);
 }
 
-void FormView::ApplyList(Control& c, QWidget* w) {
+void FormView::ApplyList(const Control& c, QWidget* w) {
     QStringList items;
     for (const std::string& s : c.List()) items << ToQString(s);
     if (auto* cb = qobject_cast<QComboBox*>(w)) {
@@ -624,7 +634,7 @@ void FormView::ApplyList(Control& c, QWidget* w) {
     }
 }
 
-void FormView::ApplyListIndex(Control& c, QWidget* w) {
+void FormView::ApplyListIndex(const Control& c, QWidget* w) {
     if (auto* cb = qobject_cast<QComboBox*>(w)) {
         if (cb->currentIndex() == c.ListIndex()) return;
         QSignalBlocker b(cb), be(cb->lineEdit());
@@ -638,7 +648,7 @@ void FormView::ApplyListIndex(Control& c, QWidget* w) {
     }
 }
 
-void FormView::ApplyTabs(Control& c, QWidget* w) {
+void FormView::ApplyTabs(const Control& c, QWidget* w) {
     if (c.kind() != Kind::TabStrip) return;
     auto* bar = w->findChild<QTabBar*>();
     if (!bar) return;
@@ -662,7 +672,7 @@ QString FormView::PicturePath(const std::string& name) const {
     return {};
 }
 
-void FormView::ApplyPicture(Control& c, QWidget* w) {
+void FormView::ApplyPicture(const Control& c, QWidget* w) {
     if (c.kind() != Kind::CommandButton && c.kind() != Kind::PictureBox) return;
     QString path = PicturePath(c.Picture());
     QIcon icon = path.isEmpty() ? QIcon() : QIcon(path);

@@ -19,6 +19,8 @@ class QMouseEvent;
 class QFocusEvent;
 
 class FormView : public QMainWindow, private forms::FormObserver {
+    Q_OBJECT
+
 public:
     FormView(QtHost& host, forms::Form& form);
     ~FormView() override;
@@ -57,19 +59,19 @@ private:
     QWidget* Make(forms::Control& c);
     void Own(QObject* part, forms::Control& c);
     forms::Control* ControlOf(const QObject* o) const;
-    void ApplyAll(forms::Control& c);
-    void Apply(forms::Control& c, forms::Prop p);
-    void ApplyFields(forms::Control& c, QWidget* w);
-    void ApplyGeometry(forms::Control& c, QWidget* w);
-    void ApplyText(forms::Control& c, QWidget* w);
-    void ApplySelection(forms::Control& c, QWidget* w);
-    void ApplyCaption(forms::Control& c, QWidget* w);
-    void ApplyValue(forms::Control& c, QWidget* w);
-    void ApplyColors(forms::Control& c, QWidget* w);
-    void ApplyList(forms::Control& c, QWidget* w);
-    void ApplyListIndex(forms::Control& c, QWidget* w);
-    void ApplyTabs(forms::Control& c, QWidget* w);
-    void ApplyPicture(forms::Control& c, QWidget* w);
+    void ApplyAll(const forms::Control& c);
+    void Apply(const forms::Control& c, forms::Prop p);
+    void ApplyFields(const forms::Control& c, QWidget* w);
+    void ApplyGeometry(const forms::Control& c, QWidget* w);
+    void ApplyText(const forms::Control& c, QWidget* w);
+    void ApplySelection(const forms::Control& c, QWidget* w);
+    void ApplyCaption(const forms::Control& c, QWidget* w);
+    void ApplyValue(const forms::Control& c, QWidget* w);
+    void ApplyColors(const forms::Control& c, QWidget* w);
+    void ApplyList(const forms::Control& c, QWidget* w);
+    void ApplyListIndex(const forms::Control& c, QWidget* w);
+    void ApplyTabs(const forms::Control& c, QWidget* w);
+    void ApplyPicture(const forms::Control& c, QWidget* w);
     void ApplyFormGeometry();
     void ApplyFormColors();
     QString PicturePath(const std::string& name) const;
@@ -113,6 +115,7 @@ private:
     bool focusing_ = false;     // the view moves the focus for the model
     bool reinjecting_ = false;  // a key a KeyPress handler changed is on its way to the widget
     std::set<int> swallowed_;   // keys whose KeyDown was swallowed: no KeyUp either
+    std::set<int> held_;        // keys pressed while this window had them, not yet let go
     const QEvent* lastMouse_ = nullptr;
     int lastMouseType_ = 0;
     quint64 lastMouseTime_ = 0;

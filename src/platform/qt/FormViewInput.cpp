@@ -16,8 +16,6 @@ using forms::Kind;
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
-
 // The character a key stroke types, as a Windows-1252 code; 0 for none.
 int AsciiOf(const QKeyEvent* e) {
     switch (e->key()) {
@@ -132,6 +130,8 @@ bool FormView::event(QEvent* e) {
     if (form_) {
         switch (e->type()) {
         case QEvent::WindowActivate: host_.WindowActivated(*this); break;
+        // What is let go from now on is let go in another window.
+        case QEvent::WindowDeactivate: held_.clear(); break;
         // Keys reach the window itself only when no control has the focus.
         case QEvent::KeyPress:
             if (IsKeyTarget(this) && KeyPress(this, nullptr, static_cast<QKeyEvent*>(e))) return true;
@@ -183,6 +183,11 @@ bool FormView::KeyPress(QObject* watched, Control* target, QKeyEvent* e) {
     const int key = e->key();
     const Qt::KeyboardModifiers mods = e->modifiers();
     const int shift = ShiftOf(mods);
+    // A key that was already down when it reached this window (its press went
+    // to a box, its release got lost) repeats here without the operator
+    // touching anything: none of its repeats count.
+    if (e->isAutoRepeat() && !held_.count(key)) return true;
+    held_.insert(key);
     swallowed_.erase(key);   // its last release went to another window
 
     // Tab belongs to the form: its own tab order, never the control's key events.
@@ -215,9 +220,9 @@ bool FormView::KeyPress(QObject* watched, Control* target, QKeyEvent* e) {
             return true;
         }
     }
-    // Enter on a command button presses it.
+    // Enter on a command button presses it, once for each time it goes down.
     if (target && target->kind() == Kind::CommandButton && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-        if (auto* b = qobject_cast<QPushButton*>(watched)) b->click();
+        if (auto* b = qobject_cast<QPushButton*>(watched); b && !e->isAutoRepeat()) b->click();
         return true;
     }
     return false;
@@ -244,6 +249,7 @@ bool FormView::KeyRelease(Control* target, QKeyEvent* e) {
     // A held key repeats its KeyDown; KeyUp comes once, when it is let go.
     if (e->isAutoRepeat()) return false;
     const int key = e->key();
+    held_.erase(key);
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab) return true;
     if (swallowed_.erase(key)) return true;
     const int code = KeyCodeOf(key, e->modifiers());
@@ -285,8 +291,8 @@ bool FormView::Mouse(QObject* watched, QMouseEvent* e) {
         if (e->type() != QEvent::MouseButtonRelease) return false;
         QPointF p = e->position();
         host_.Call([&] {
-            form_->Form_MouseUp(button, shift, static_cast<float>(p.x() * kTwipsPerPixel),
-                                static_cast<float>(p.y() * kTwipsPerPixel));
+            form_->Form_MouseUp(button, shift, static_cast<float>(p.x() * forms::TwipsPerPixel),
+                                static_cast<float>(p.y() * forms::TwipsPerPixel));
             if (button == forms::vbLeftButton) form_->Form_Click();
         });
         return false;
@@ -297,7 +303,7 @@ bool FormView::Mouse(QObject* watched, QMouseEvent* e) {
     if (!w) return false;
     const Kind kind = c->kind();
     QPointF p = w->mapFromGlobal(e->globalPosition());
-    const float x = static_cast<float>(p.x() * kTwipsPerPixel), y = static_cast<float>(p.y() * kTwipsPerPixel);
+    const float x = static_cast<float>(p.x() * forms::TwipsPerPixel), y = static_cast<float>(p.y() * forms::TwipsPerPixel);
     switch (e->type()) {
     case QEvent::MouseButtonPress: host_.Call([&] { c->UserMouseDown(button, shift, x, y); }); break;
     case QEvent::MouseButtonRelease:

@@ -14,7 +14,9 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QScreen>
 #include <QSettings>
+#include <QShortcut>
 #include <QSoundEffect>
 #include <QTextBrowser>
 #include <QThread>
@@ -29,16 +31,15 @@
 
 namespace {
 
-// Paths are bytes in the file system's encoding, not program text.
-QString FromPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
-
 constexpr int kWebTimeoutMs = 10000;
 
 }  // namespace
 
-QString ToQString(const std::string& cp1252) { return QString::fromStdString(vb::Cp1252ToUtf8(cp1252)); }
-
-std::string FromQString(const QString& text) { return vb::Utf8ToCp1252(text.toStdString()); }
+QString FindResourceFolder(const QString& programDir) {
+    for (const QString& at : {programDir + "/resources", programDir + "/../share/vestrel"})
+        if (QFileInfo(at + "/pictures").isDir()) return QFileInfo(at).canonicalFilePath();
+    return {};
+}
 
 QtHost::QtHost(const std::string& settingsFile, const std::string& resources)
     : resources_(FromPath(resources)),
@@ -317,6 +318,24 @@ void QtHost::ShowHelp(const std::string& file, int command, int context) {
         help_->setWindowTitle(QCoreApplication::applicationName() + " Help");
         help_->setOpenExternalLinks(true);
         help_->resize(720, 540);
+        // A reading window closes from the keyboard, as the desktop's others do.
+        for (const QKeySequence& k : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)}) {
+            auto* close = new QShortcut(k, help_.get());
+            close->setContext(Qt::WindowShortcut);
+            QObject::connect(close, &QShortcut::activated, help_.get(), &QWidget::hide);
+        }
+    }
+    if (!help_->isVisible()) {
+        // Over the program's window, or in the middle of the screen.
+        QWidget* over = QApplication::activeWindow();
+        QRect area = over && over != help_.get() ? over->frameGeometry() : QRect();
+        if (QScreen* s = over ? over->screen() : QGuiApplication::primaryScreen(); s && area.isNull())
+            area = s->availableGeometry();
+        if (!area.isNull()) {
+            QRect r(QPoint(0, 0), help_->size());
+            r.moveCenter(area.center());
+            help_->move(r.topLeft());
+        }
     }
     QString path = FromPath(file);
     if (QFileInfo::exists(path)) {
@@ -376,7 +395,10 @@ void QtHost::DeleteSetting(const std::string& app, const std::string& section, c
 }
 
 QtPrintSurface& QtHost::Surface() {
-    if (!printer_) printer_ = std::make_unique<QtPrintSurface>();
+    if (!printer_) {
+        printer_ = std::make_unique<QtPrintSurface>();
+        printer_->OnFailure = [this](const std::string& why) { MsgBox(why, host::vbExclamation, ""); };
+    }
     return *printer_;
 }
 

@@ -16,6 +16,7 @@
 #include <QString>
 
 #include "platform/host/Host.h"
+#include "platform/qt/QtText.h"
 
 class FormView;
 class QEventLoop;
@@ -27,9 +28,9 @@ class QTextBrowser;
 class QWidget;
 class QtPrintSurface;
 
-// Program text is Windows-1252; Qt's is Unicode.
-QString ToQString(const std::string& cp1252);
-std::string FromQString(const QString& text);
+// The folder of the bundled pictures, sounds and help: beside the program, or
+// in the data folder of an installed one. Empty when neither has them.
+QString FindResourceFolder(const QString& programDir);
 
 class QtHost : public host::Host {
 public:

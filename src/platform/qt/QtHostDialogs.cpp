@@ -18,8 +18,6 @@
 
 namespace {
 
-QString FromPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
-
 // Lines arrive joined by CR LF.
 QString BoxText(const std::string& text) {
     QString t = ToQString(text);

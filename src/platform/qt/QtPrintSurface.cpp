@@ -12,7 +12,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
-#include "platform/vb/Cp1252.h"
+#include "platform/qt/QtText.h"
 #include "platform/vb/Strings.h"
 
 namespace {
@@ -25,16 +25,14 @@ constexpr double PdfMarginInch = 0.25;
 // every device.
 constexpr double DrawWidthDpi = 600;
 
-QString ToQString(const std::string& cp1252) {
-    return QString::fromStdString(vb::Cp1252ToUtf8(cp1252));
-}
-
 }  // namespace
 
 QtPrintSurface::QtPrintSurface() = default;
 
 QtPrintSurface::~QtPrintSurface() {
-    // Whatever is still open goes out, as when the old program ended.
+    // Whatever is still open goes out, as when the old program ended; the
+    // host that would tell of a failure is going too.
+    OnFailure = nullptr;
     if (open_) EndDoc();
 }
 
@@ -92,7 +90,7 @@ QPagedPaintDevice& QtPrintSurface::Device() const {
     if (!toPdf_) return MakePrinter();
     if (!pdf_) {
         // The writer touches no file until a painter begins on it.
-        pdf_ = std::make_unique<QPdfWriter>(QFile::decodeName(QByteArray::fromStdString(pdfPath_)));
+        pdf_ = std::make_unique<QPdfWriter>(FromPath(pdfPath_));
         pdf_->setResolution(PdfDpi);
         pdf_->setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
                                         QMarginsF(PdfMarginInch, PdfMarginInch, PdfMarginInch, PdfMarginInch),
@@ -171,10 +169,19 @@ void QtPrintSurface::EndDoc() {
     // A NewPage just before the end makes no blank sheet.
     if (pages_.size() > 1 && pages_.back().empty()) pages_.pop_back();
     QPagedPaintDevice& device = Device();
-    Render(device);
+    const bool written = Render(device);
     // A fresh writer for the next document to this file.
     if (toPdf_) pdf_.reset();
     Close();
+    if (!written && OnFailure) OnFailure(lastError_);
+}
+
+std::string QtPrintSurface::Destination() const {
+    if (toPdf_) return "the file " + pdfPath_;
+    if (printer_ && !printer_->outputFileName().isEmpty())
+        return "the file " + FromQString(printer_->outputFileName());
+    QString name = printer_ ? printer_->printerName() : QString();
+    return name.isEmpty() ? std::string("the printer") : "the printer " + FromQString(name);
 }
 
 void QtPrintSurface::KillDoc() {
@@ -183,8 +190,12 @@ void QtPrintSurface::KillDoc() {
 
 bool QtPrintSurface::Render(QPagedPaintDevice& device) {
     QPainter painter;
+    const std::string advice = toPdf_ || (printer_ && !printer_->outputFileName().isEmpty())
+                                   ? "Check that its folder exists and may be written to, and that the disk is "
+                                     "not full, then print again."
+                                   : "Check that it is switched on and ready, then print again.";
     if (!painter.begin(&device)) {
-        lastError_ = toPdf_ ? "The file " + pdfPath_ + " could not be written." : "The printer could not be opened.";
+        lastError_ = "The report could not be sent to " + Destination() + ".\r\n" + advice;
         return false;
     }
     const double dpiX = device.logicalDpiX();
@@ -195,7 +206,7 @@ bool QtPrintSurface::Render(QPagedPaintDevice& device) {
     bool first = true;
     for (const PageItems& page : pages_) {
         if (!first && !device.newPage()) {
-            lastError_ = "The page could not be started.";
+            lastError_ = "The report could not be finished on " + Destination() + ".\r\n" + advice;
             break;
         }
         first = false;
@@ -216,5 +227,7 @@ bool QtPrintSurface::Render(QPagedPaintDevice& device) {
             }
         }
     }
-    return painter.end() && lastError_.empty();
+    if (!painter.end() && lastError_.empty())
+        lastError_ = "The report could not be finished on " + Destination() + ".\r\n" + advice;
+    return lastError_.empty();
 }

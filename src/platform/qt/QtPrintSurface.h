@@ -7,6 +7,7 @@
 // device. The printer's own abort can't take back pages already handed to CUPS,
 // so this is what lets KillDoc discard everything: nothing has left the program
 // yet, and no partial file is ever written.
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,6 +41,9 @@ public:
     bool DocumentOpen() const { return open_; }
     // Why the last document could not be written, or empty.
     const std::string& LastError() const { return lastError_; }
+    // Told when a document could not be printed or written, with the reason
+    // naming the file or printer; the host shows it to the operator.
+    std::function<void(const std::string&)> OnFailure;
     // The face that stands in for a font name of the reports.
     static QString FaceFor(const std::string& name);
     static QFont ToQFont(const host::PrintFont& f);
@@ -78,6 +82,8 @@ private:
     void Open();
     void Close();
     bool Render(QPagedPaintDevice& device);
+    // "the file ..." or "the printer ...", where the next document goes.
+    std::string Destination() const;
 
     // Made on first use: a printer asks CUPS, which a PDF run doesn't need.
     mutable std::unique_ptr<QPrinter> printer_;

@@ -248,6 +248,18 @@ bool Valid(int y, int m, int d) {
     return y >= 100 && y <= 9999 && m >= 1 && m <= 12 && d >= 1 && d <= DaysInMonth(y, m);
 }
 
+// The year that ends a written-out date ("..., 2026" or "... 26"), and the whole date checked.
+bool ParseYearOf(Scanner& sc, int m, int d, DateTime& out) {
+    int y, dy;
+    sc.Take(',');
+    sc.SkipBlanks();
+    if (!sc.Number(y, dy) || dy == 3 || dy > 4) return false;
+    y = WindowYear(y, dy);
+    if (!Valid(y, m, d)) return false;
+    out.year = y, out.month = m, out.day = d;
+    return true;
+}
+
 bool ParseDatePart(Scanner& sc, DateTime& out) {
     const std::size_t start = sc.i;
     int a, b, c, da, db, dc;
@@ -278,33 +290,21 @@ bool ParseDatePart(Scanner& sc, DateTime& out) {
         sc.SkipBlanks();
         w = sc.Word();
     }
-    int m = MonthFromName(w), d, y, dd, dy;
+    int m = MonthFromName(w), d, dd;
     if (!m) return false;
     sc.Take('.');
     sc.SkipBlanks();
     if (!sc.Number(d, dd) || dd > 2) return false;
-    sc.Take(',');
-    sc.SkipBlanks();
-    if (!sc.Number(y, dy) || dy == 3 || dy > 4) return false;
-    y = WindowYear(y, dy);
-    if (!Valid(y, m, d)) return false;
-    out.year = y, out.month = m, out.day = d;
-    return true;
+    return ParseYearOf(sc, m, d, out);
 }
 
 bool ParseDayFirst(Scanner& sc, DateTime& out) {
-    int d, y, dd, dy;
+    int d, dd;
     if (!sc.Number(d, dd) || dd > 2) return false;
     sc.SkipBlanks();
     const int m = MonthFromName(sc.Word());
     if (!m) return false;
-    sc.Take(',');
-    sc.SkipBlanks();
-    if (!sc.Number(y, dy) || dy == 3 || dy > 4) return false;
-    y = WindowYear(y, dy);
-    if (!Valid(y, m, d)) return false;
-    out.year = y, out.month = m, out.day = d;
-    return true;
+    return ParseYearOf(sc, m, d, out);
 }
 
 }  // namespace

@@ -53,6 +53,5 @@ std::string Format(double value, const std::string& code);
 // Chr / Asc on bytes.
 inline std::string Chr(int code) { return std::string(1, static_cast<char>(code)); }
 inline int Asc(const std::string& s) { return s.empty() ? 0 : static_cast<unsigned char>(s[0]); }
-inline const std::string CrLf = "\r\n";
 
 }  // namespace vb

@@ -84,6 +84,41 @@ TEST(FormModel, KeysReachPreviewThenControlAndAZeroSwallowsThem) {
     EXPECT_TRUE(controlSaw);
 }
 
+TEST(FormModel, TypingKeepsToTheBoxsSettingsAndTabWalksBothWays) {
+    ScriptedHost host;
+    TestForm f(host);
+    struct Case {
+        int maxLength;
+        bool locked;
+        const char* typed;
+        const char* kept;
+    } cases[] = {
+        {4, false, "abcdef", "abcd"},   // the limit itself is allowed
+        {4, false, "abc", "abc"},
+        {0, false, "abcdef", "abcdef"},
+        {0, true, "abc", ""},
+    };
+    for (const Case& c : cases) {
+        f.A.Locked = false;
+        f.A.MaxLength = 0;
+        f.A.SetText("");
+        f.A.MaxLength = c.maxLength;
+        f.A.Locked = c.locked;
+        f.A.SetFocus();
+        f.TypeText(c.typed);
+        EXPECT_EQ(c.kept, f.A.Text()) << c.typed << " into MaxLength " << c.maxLength;
+    }
+
+    // Shift+Tab walks the tab order backwards, round past the first control.
+    f.Go.SetFocus();
+    std::vector<std::string> walked;
+    for (int i = 0; i < 4; ++i) {
+        f.PressKey(vbKeyTab, vbShiftMask);
+        walked.push_back(f.ActiveControl()->Name());
+    }
+    EXPECT_EQ((std::vector<std::string>{"B", "A", "Dec", "Two"}), walked);
+}
+
 TEST(FormModel, PropertiesFireTheirEventsAsTheRuntimeDoes) {
     ScriptedHost host;
     TestForm f(host);

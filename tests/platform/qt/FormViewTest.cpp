@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFocusEvent>
@@ -27,6 +28,7 @@
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -38,6 +40,7 @@
 #include "platform/forms/Form.h"
 #include "platform/qt/FormView.h"
 #include "platform/qt/QtHost.h"
+#include "platform/qt/QtPrintSurface.h"
 #include "platform/vb/Error.h"
 
 using namespace forms;
@@ -670,4 +673,103 @@ TEST_F(FormViewTest, SettingsHelpAndTheWebGoThroughTheDesktop) {
     EXPECT_EQ(2, host->OpenDocument(dir.filePath("missing.doc").toStdString()));
     host->PlayWave(dir.filePath("missing.wav").toStdString());   // silent
     EXPECT_FALSE(host->HttpGet("http://127.0.0.1:1/version.txt").has_value());
+}
+
+TEST_F(FormViewTest, AKeyHeldFromElsewhereNeverPressesAButtonAndBoxesTypeOnlyWhereTheModelLetsThem) {
+    Card& f = ShowCard();
+    QPushButton* go = W<QPushButton>(f.btnGo);
+    f.btnGo.SetFocus();
+    ASSERT_EQ(go, QApplication::focusWidget());
+    f.log.clear();
+    // Enter went down over a box that has closed since, and repeats here.
+    auto repeat = [go](QEvent::Type t) {
+        QKeyEvent e(t, Qt::Key_Return, Qt::NoModifier, "\r", true);
+        QApplication::sendEvent(go, &e);
+    };
+    for (int i = 0; i < 3; ++i) {
+        repeat(QEvent::KeyRelease);
+        repeat(QEvent::KeyPress);
+    }
+    EXPECT_TRUE(f.log.empty());
+    // Nor does the form or a box hear of such a key.
+    f.Name.SetFocus();
+    f.keys.clear();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(W<QLineEdit>(f.Name), &held);
+    EXPECT_TRUE(f.keys.empty());
+    f.btnGo.SetFocus();
+    f.log.clear();
+    // A click is one step, whatever came before; Enter pressed here is one more, held or not.
+    QTest::mouseClick(go, Qt::LeftButton);
+    QTest::sendKeyEvent(QTest::Press, go, Qt::Key_Return, QString("\r"), Qt::NoModifier);
+    repeat(QEvent::KeyPress);
+    QTest::sendKeyEvent(QTest::Release, go, Qt::Key_Return, QString("\r"), Qt::NoModifier);
+    EXPECT_EQ((std::vector<std::string>{"MouseDown btnGo 1", "Click btnGo", "Click btnGo"}), f.log);
+
+    // Settings changed while the form is on screen reach its boxes.
+    QLineEdit* name = W<QLineEdit>(f.Name);
+    f.Name.SetFocus();
+    struct Case {
+        bool locked;
+        int maxLength;
+        const char* typed;
+        const char* shown;
+    } cases[] = {{true, 0, "ab", ""}, {false, 0, "ab", "ab"}, {false, 3, "ab", "aba"}, {true, 3, "c", "aba"}};
+    for (const Case& c : cases) {
+        f.Name.Locked = c.locked;
+        f.Name.MaxLength = c.maxLength;
+        QTest::keyClicks(name, c.typed);
+        EXPECT_EQ(c.shown, f.Name.Text()) << c.typed;
+        EXPECT_EQ(QString(c.shown), name->text()) << c.typed;
+    }
+    f.Name.Alignment = 1;
+    EXPECT_TRUE(name->alignment() & Qt::AlignRight);
+    f.cboReligion.Locked = true;
+    EXPECT_TRUE(W<QComboBox>(f.cboReligion)->lineEdit()->isReadOnly());
+    f.hsbSpeed.Max = 10;
+    EXPECT_EQ(10, W<QScrollBar>(f.hsbSpeed)->maximum());
+    f.Name.SetEnabled(false);
+    EXPECT_FALSE(name->isEnabled());
+}
+
+TEST_F(FormViewTest, AReportThatCannotBeWrittenSaysWhereItWasGoing) {
+    auto& surface = dynamic_cast<QtPrintSurface&>(host->Printer());
+    const std::string lost = dir.filePath("no such folder/report.pdf").toStdString();
+    surface.SetOutputPdf(lost);
+    surface.Print("Lost");
+    std::string shown;
+    WhenModal<QMessageBox>([&](QMessageBox* box) {
+        shown = FromQString(box->text());
+        box->button(QMessageBox::Ok)->click();
+    });
+    surface.EndDoc();
+    EXPECT_NE(std::string::npos, shown.find(lost)) << shown;
+    EXPECT_FALSE(surface.DocumentOpen());
+
+    // The next document starts afresh and goes out without a word.
+    const std::string kept = dir.filePath("report.pdf").toStdString();
+    surface.SetOutputPdf(kept);
+    surface.Print("Kept");
+    surface.EndDoc();
+    EXPECT_TRUE(QFileInfo::exists(QString::fromStdString(kept)));
+    EXPECT_TRUE(surface.LastError().empty()) << surface.LastError();
+}
+
+TEST_F(FormViewTest, TheHelpWindowOpensCentredAndClosesFromTheKeyboard) {
+    QFile help(dir.filePath("help.html"));
+    ASSERT_TRUE(help.open(QIODevice::WriteOnly));
+    help.write("<html><body><p>Contents</p></body></html>");
+    help.close();
+    for (QKeySequence close : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)}) {
+        host->ShowHelp(dir.filePath("help.html").toStdString(), 3, 0);
+        QTextBrowser* browser = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* b = qobject_cast<QTextBrowser*>(w); b && b->isVisible()) browser = b;
+        ASSERT_NE(nullptr, browser);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(browser));
+        QPoint off = browser->frameGeometry().center() - browser->screen()->availableGeometry().center();
+        EXPECT_LE(off.manhattanLength(), 10) << off.x() << "," << off.y();   // a frame's width
+        QTest::keySequence(browser, close);
+        EXPECT_FALSE(browser->isVisible()) << close.toString().toStdString();
+    }
 }

@@ -67,9 +67,12 @@ TEST(Dates, ParseAcceptsTheWrittenForms) {
     EXPECT_EQ(d, At(1899, 12, 30));
 
     for (const char* bad : {"", "abc", "2/30/2026", "13/1/2026", "2/29/2025", "11/22", "1/2/3/4",
-                            "11/22/2026 25:00", "11/22/2026 13:00 PM", "11/22/2026 x", "0/1/2026", "12"})
+                            "11/22/2026 25:00", "11/22/2026 13:00 PM", "11/22/2026 x", "0/1/2026", "12", "2/29/1900",
+                            "February 29, 1900", "29 February 2100"})
         EXPECT_FALSE(IsDate(bad)) << bad;
-    EXPECT_TRUE(IsDate("2/29/2024"));
+    // Every fourth year is a leap year, but not a century unless it divides by 400.
+    for (const char* good : {"2/29/2024", "2/29/2000", "2000-02-29", "February 29, 2000", "29 February 2000"})
+        EXPECT_TRUE(IsDate(good)) << good;
 
     // What FormatDate writes, ParseDate reads back.
     for (const DateTime& t : {At(2026, 11, 22, 15, 4, 5), At(2026, 11, 22), At(2001, 1, 1, 0, 0, 1)}) {

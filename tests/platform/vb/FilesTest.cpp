@@ -7,6 +7,7 @@
 #include <functional>
 #include <sstream>
 
+#include "ErrorOf.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Files.h"
 
@@ -43,15 +44,6 @@ protected:
 
     fs::path dir_;
 };
-
-int ErrorOf(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.Number;
-    }
-    return 0;
-}
 
 }  // namespace
 

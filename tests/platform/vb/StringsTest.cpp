@@ -1,23 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "ErrorOf.h"
 #include "platform/vb/Cp1252.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 
 using namespace vb;
-
-namespace {
-
-int ErrorOf(void (*f)()) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.Number;
-    }
-    return 0;
-}
-
-}  // namespace
 
 TEST(Strings, ValTakesTheNumericPrefix) {
     EXPECT_EQ(Val("  12abc"), 12);
