@@ -57,13 +57,19 @@ void GoRecord(Program& p, int kind) {
     f.SetupScreen("");
 }
 
-void FullLoad(Program& p) {
+bool FullLoad(Program& p) {
     bool wasLoaded = p.Loaded;
-    if (!FullLoadPass(p)) return;
-    if (!wasLoaded) return;
+    if (!FullLoadPass(p)) {
+        // Nothing may be written to a file the pass refused.
+        p.File1.Close();
+        p.Loaded = false;
+        return false;
+    }
+    if (!wasLoaded) return true;
     EditForm& f = p.Edit();
     if (FetchCurrentRecord(p)) f.ShowRecord();
     f.SetupScreen("");
     if (f.Visible()) p.host.ActivateForm(&f);
     SaveMembersAfterLoad(p);
+    return true;
 }

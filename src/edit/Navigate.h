@@ -7,4 +7,5 @@ bool FetchCurrentRecord(Program& p);
 // 0 first, 1 previous, 2 next, 3 last; a refused move plays "clunk".
 void GoRecord(Program& p, int kind);
 // The load pass (also the menu's Fix Files); a loaded crusade then shows its first person.
-void FullLoad(Program& p);
+// False when the file was refused: it is then closed and the crusade is not loaded.
+bool FullLoad(Program& p);

@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
+
 #include "edit/Navigate.h"
+#include "platform/vb/Error.h"
+#include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
@@ -37,6 +42,9 @@ TEST(FullLoad, RepairsEveryRecordAndWritesItBack) {
     d.Age = "Unknown";
     d.Decisions = "?--------";
     recs.push_back(d);
+    MasterRecord e = MakePerson("9995", "Eve", "Forty", "1");
+    e.WorkerCode = "40";        // the last team is a team
+    recs.push_back(e);
     c.WriteRecords(recs);
     c.p.LastRNum = 9990;
     OpenRecordFile(c.p);
@@ -66,10 +74,13 @@ TEST(FullLoad, RepairsEveryRecordAndWritesItBack) {
     EXPECT_EQ("NIF", RTrim(rd.Age));
     EXPECT_EQ("C--------   ", rd.Decisions.str());
 
+    EXPECT_EQ("40", c.ReadRecord(4).WorkerCode.str());
+
     EXPECT_EQ(5, c.p.MeetingNumber);
-    EXPECT_EQ(2, c.p.IndexCount);
+    EXPECT_EQ(3, c.p.IndexCount);
     EXPECT_EQ("9997ADAMSAL   2", c.p.SortIndex[1]);
-    EXPECT_EQ("9998ZELLEMA   1", c.p.SortIndex[2]);
+    EXPECT_EQ("9995FORTYEV   4", c.p.SortIndex[2]);
+    EXPECT_EQ("9998ZELLEMA   1", c.p.SortIndex[3]);
     EXPECT_EQ(1, c.p.CurrentIndex);
 }
 
@@ -158,7 +169,7 @@ TEST(FullLoad, FixFilesLeavesTheMeetingAtTheHighestAttended) {
     EXPECT_EQ(3, c.p.MeetingNumber);
 }
 
-TEST(FullLoad, RecordsOfRandomBytesAreRepairedWithoutHarm) {
+TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
     TestCrusade c;
     std::string bytes;
     unsigned state = 12345;
@@ -167,14 +178,35 @@ TEST(FullLoad, RecordsOfRandomBytesAreRepairedWithoutHarm) {
         bytes += static_cast<char>((state >> 16) & 0xFF);
     }
     c.WriteFile(c.dataFile, bytes);
+    c.p.Loaded = true;
+    c.host.ExpectBox("The file " + c.dataFile + " is not a crusade's record file");
     OpenRecordFile(c.p);
-    FullLoad(c.p);
-    for (long i = 1; i <= 50; ++i) {
-        MasterRecord r = c.ReadRecord(i);
-        std::string wc = r.WorkerCode;
-        EXPECT_TRUE((wc >= "00" && wc <= "40") || wc == "##") << i;
-        EXPECT_EQ(std::string(3, ' '), r.Decisions.str().substr(9)) << i;
-    }
-    EXPECT_GE(c.p.MeetingNumber, 1);
-    EXPECT_LE(c.p.MeetingNumber, 40);
+    EXPECT_FALSE(FullLoad(c.p));
+    c.host.Verify();
+    EXPECT_TRUE(bytes == c.ReadFile(c.dataFile));
+    EXPECT_EQ(0, c.p.IndexCount);
+    EXPECT_EQ(1u, c.p.SortIndex.size());
+    EXPECT_FALSE(c.p.Loaded);
+    EXPECT_FALSE(c.p.File1.IsOpen());
+}
+
+TEST(FullLoad, AWriteThatFailsMidPassLeavesTheFileUnlockedAndTheListWhole) {
+    TestCrusade c;
+    c.WriteRecords({MakePerson("9998", "A", "Able"), MakePerson("9997", "B", "Baker"), MakePerson("9996", "C", "Cole")});
+    OpenRecordFile(c.p);
+    // The disk refuses everything past the first record.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit was{};
+    ::getrlimit(RLIMIT_FSIZE, &was);
+    rlimit small = was;
+    small.rlim_cur = MasterRecord::Length;
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THROW(FullLoadPass(c.p), vb::RuntimeError);
+    ::setrlimit(RLIMIT_FSIZE, &was);
+    EXPECT_EQ(c.p.IndexCount + 1, static_cast<int>(c.p.SortIndex.size()));
+    c.p.MasterRec.RNum = "9997";
+    EXPECT_EQ(0, FindByNumber(c.p));
+    vb::RandomFile other;
+    other.Open(c.dataFile, MasterRecord::Length);
+    EXPECT_NO_THROW(other.Lock()) << "the pass kept the lock after its fault";
 }
