@@ -4,7 +4,8 @@
 set -euo pipefail
 
 packages=(g++ cmake make pkg-config qt6-base-dev qt6-multimedia-dev libgl-dev googletest libgtest-dev
-          libbenchmark-dev fonts-liberation poppler-utils)
+          libbenchmark-dev fonts-liberation poppler-utils
+          libsqlite3-dev)   # libsqlite3-dev: only the side-by-side benchmark
 if [ "${1:-}" = "--desktop" ]; then
   packages+=(qt6-qpa-plugins gstreamer1.0-plugins-good)
 fi
