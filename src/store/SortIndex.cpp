@@ -27,12 +27,8 @@ std::string_view Tail(const std::string& s, std::size_t width) {
 
 // By character code, as unsigned bytes.
 bool Greater(std::string_view a, std::string_view b) {
-    std::size_t n = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < n; ++i) {
-        auto x = static_cast<unsigned char>(a[i]), y = static_cast<unsigned char>(b[i]);
-        if (x != y) return x > y;
-    }
-    return a.size() > b.size();
+    int c = std::memcmp(a.data(), b.data(), std::min(a.size(), b.size()));   // memcmp compares unsigned
+    return c != 0 ? c > 0 : a.size() > b.size();
 }
 
 // A fixed-width field of the record buffer, worked on in place.

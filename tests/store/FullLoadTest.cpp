@@ -138,6 +138,22 @@ TEST(FullLoad, DuplicateNumbersAreReportedInOrderAndCancelEndsTheCheck) {
               c.host.shown[0].text.find("You should manually remove one of these records after 'Fix Files' is completed."));
 }
 
+TEST(FullLoad, ANumberHeldByThreePeopleIsReportedTwice) {
+    // Record order: the second holder clears the memory, so the third is reported again.
+    struct Row { std::vector<const char*> numbers; int boxes; };
+    for (const Row& row : std::vector<Row>{{{"1111", "1111"}, 1}, {{"1111", "1111", "1111"}, 2},
+                                           {{"1111", "1111", "1111", "1111"}, 2}}) {
+        TestCrusade c;
+        std::vector<MasterRecord> recs;
+        for (const char* n : row.numbers) recs.push_back(MakePerson(n, "A", "Able"));
+        c.WriteRecords(recs);
+        for (int b = 0; b < row.boxes; ++b) c.host.ExpectBox("The following record is duplicated: 1111");
+        OpenRecordFile(c.p);
+        FullLoad(c.p);
+        c.host.Verify();
+    }
+}
+
 TEST(FullLoad, EmptyAndDamagedFiles) {
     TestCrusade c;
     c.WriteRecords({});
