@@ -186,24 +186,48 @@ TEST(FullLoad, FixFilesLeavesTheMeetingAtTheHighestAttended) {
 }
 
 TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
-    TestCrusade c;
-    std::string bytes;
-    unsigned state = 12345;
-    for (int i = 0; i < 50 * MasterRecord::Length; ++i) {
-        state = state * 1103515245u + 12345u;
-        bytes += static_cast<char>((state >> 16) & 0xFF);
+    auto noise = [](unsigned state, std::size_t n) {
+        std::string s;
+        for (std::size_t i = 0; i < n; ++i) {
+            state = state * 1103515245u + 12345u;
+            s += static_cast<char>((state >> 16) & 0xFF);
+        }
+        return s;
+    };
+    auto good = [](int n) {
+        RecordBytes b = EncodeRecord(MakePerson(vb::Right("000" + std::to_string(n), 4), "Ann", "Lee"));
+        return std::string(b.data(), b.size());
+    };
+    // Records: numbers of digits with binary names are no records either;
+    // a crusade with half its records damaged is still a crusade.
+    struct Row { const char* what; int good; int bad; bool digits; bool refused; };
+    for (const Row& row : {Row{"random bytes", 0, 50, false, true}, Row{"digits, then binary", 0, 50, true, true},
+                           Row{"four good of ten", 4, 6, false, true}, Row{"five good of ten", 5, 5, false, false}}) {
+        TestCrusade c;
+        std::string bytes;
+        for (int i = 0; i < row.good; ++i) bytes += good(i + 1);
+        for (int i = 0; i < row.bad; ++i) {
+            std::string rec = noise(12345u + static_cast<unsigned>(i), MasterRecord::Length);
+            if (row.digits) rec.replace(0, 4, "1234");
+            bytes += rec;
+        }
+        c.WriteFile(c.dataFile, bytes);
+        c.p.Loaded = true;
+        if (row.refused) c.host.ExpectBox("The file " + c.dataFile + " is not a crusade's record file");
+        OpenRecordFile(c.p);
+        if (!row.refused) {
+            FullLoadPass(c.p);
+            c.host.Verify();
+            continue;
+        }
+        EXPECT_FALSE(FullLoad(c.p)) << row.what;
+        c.host.Verify();
+        EXPECT_TRUE(bytes == c.ReadFile(c.dataFile)) << row.what;
+        EXPECT_EQ(0, c.p.IndexCount) << row.what;
+        EXPECT_EQ(1u, c.p.SortIndex.size()) << row.what;
+        EXPECT_FALSE(c.p.Loaded) << row.what;
+        EXPECT_FALSE(c.p.File1.IsOpen()) << row.what;
     }
-    c.WriteFile(c.dataFile, bytes);
-    c.p.Loaded = true;
-    c.host.ExpectBox("The file " + c.dataFile + " is not a crusade's record file");
-    OpenRecordFile(c.p);
-    EXPECT_FALSE(FullLoad(c.p));
-    c.host.Verify();
-    EXPECT_TRUE(bytes == c.ReadFile(c.dataFile));
-    EXPECT_EQ(0, c.p.IndexCount);
-    EXPECT_EQ(1u, c.p.SortIndex.size());
-    EXPECT_FALSE(c.p.Loaded);
-    EXPECT_FALSE(c.p.File1.IsOpen());
 }
 
 TEST(FullLoad, AWriteThatFailsMidPassLeavesTheFileUnlockedAndTheListWhole) {
