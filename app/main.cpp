@@ -1,7 +1,10 @@
 // Vestrel: starts the Qt desktop, the program folder, and Main.
 #include <QApplication>
+#include <QDateTime>
 #include <QIcon>
 #include <QMessageBox>
+#include <cstdio>
+#include <set>
 
 #include "platform/qt/QtHost.h"
 #include "platform/vb/Files.h"
@@ -10,8 +13,35 @@
 #include "store/Generator.h"
 #include "program/Program.h"
 
+namespace {
+
+// VESTREL_PAINT_STAMPS=1: prints the wall-clock time of the first paint of each
+// window and of the first key or click, for the start-up benchmark script.
+class PaintStamps : public QObject {
+    std::set<QObject*> painted_;
+    bool input_ = false;
+    static void Stamp(const char* what, const QString& title) {
+        std::fprintf(stderr, "stamp %s %lld %s\n", what, static_cast<long long>(QDateTime::currentMSecsSinceEpoch()),
+                     qPrintable(title));
+    }
+    bool eventFilter(QObject* o, QEvent* e) override {
+        if (e->type() == QEvent::Paint && o->isWidgetType()) {
+            QWidget* w = static_cast<QWidget*>(o)->window();
+            if (painted_.insert(w).second) Stamp("paint", w->windowTitle());
+        } else if (!input_ && (e->type() == QEvent::KeyPress || e->type() == QEvent::MouseButtonPress)) {
+            input_ = true;
+            Stamp("input", QString());
+        }
+        return false;
+    }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    PaintStamps stamps;
+    if (qEnvironmentVariableIntValue("VESTREL_PAINT_STAMPS")) app.installEventFilter(&stamps);
     QApplication::setApplicationName("Vestrel");
     const QString programDir = QCoreApplication::applicationDirPath();
     const QString found = FindResourceFolder(programDir);

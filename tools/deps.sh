@@ -5,8 +5,9 @@ set -euo pipefail
 
 # libqt6svg6 holds the plug-ins Qt loads at run time to draw the SVG pictures
 # (image format and icon engine); the tests draw every picture too.
+# libsqlite3-dev is for the side-by-side benchmark only.
 packages=(g++ cmake make pkg-config qt6-base-dev qt6-multimedia-dev libqt6svg6 libgl-dev googletest libgtest-dev
-          libbenchmark-dev fonts-liberation poppler-utils)
+          libbenchmark-dev fonts-liberation poppler-utils libsqlite3-dev)
 if [ "${1:-}" = "--desktop" ]; then
   # The X11 platform plug-in's extras and the sound back end's decoders.
   packages+=(qt6-qpa-plugins gstreamer1.0-plugins-good)

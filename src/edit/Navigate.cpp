@@ -59,7 +59,12 @@ void GoRecord(Program& p, int kind) {
 
 bool FullLoad(Program& p) {
     bool wasLoaded = p.Loaded;
-    if (!FullLoadPass(p)) return false;
+    if (!FullLoadPass(p)) {
+        // Nothing may be written to a file the pass refused.
+        p.File1.Close();
+        p.Loaded = false;
+        return false;
+    }
     if (!wasLoaded) return true;
     EditForm& f = p.Edit();
     if (FetchCurrentRecord(p)) f.ShowRecord();

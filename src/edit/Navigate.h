@@ -7,5 +7,6 @@ bool FetchCurrentRecord(Program& p);
 // 0 first, 1 previous, 2 next, 3 last; a refused move plays "clunk".
 void GoRecord(Program& p, int kind);
 // The load pass (also the menu's Fix Files); a loaded crusade then shows its first person.
-// False when the pass could not run (the operator has been told).
+// False when the pass could not run or the file was refused (the operator has been told);
+// a refused file is then closed and the crusade is not loaded.
 bool FullLoad(Program& p);

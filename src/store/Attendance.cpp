@@ -4,8 +4,12 @@
 #include "store/MasterRecord.h"
 
 std::int16_t CountAttendance(std::string& attendance, std::int16_t& last) {
+    return CountAttendance(attendance.data(), attendance.size(), last);
+}
+
+std::int16_t CountAttendance(char* attendance, std::size_t size, std::int16_t& last) {
     std::int16_t total = 0;
-    for (std::size_t i = 0; i < 40 && i < attendance.size(); ++i) {
+    for (std::size_t i = 0; i < 40 && i < size; ++i) {
         if (attendance[i] == ' ') attendance[i] = '-';
         if (attendance[i] != '-') {
             ++total;

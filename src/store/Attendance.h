@@ -1,5 +1,6 @@
 #pragma once
 // The 40-character attendance text of a person and the two fields derived from it.
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -9,6 +10,8 @@ struct MasterRecord;
 // text. `last` takes the position of the last mark and is left alone when
 // there is none. The only routine that derives the total.
 std::int16_t CountAttendance(std::string& attendance, std::int16_t& last);
+// The same over the bytes of a record in place, for passes that do not decode it.
+std::int16_t CountAttendance(char* attendance, std::size_t size, std::int16_t& last);
 // The same over a record: Attendance cleaned, Attend and Last set from it.
 // Last is 0 when nobody marked anything.
 void CountAttendance(MasterRecord& r);

@@ -312,14 +312,18 @@ public:
     }
 
     void Members(int people) {
-        // Members who never held an interest card carry the church's own numbers from 0001.
+        // Members who never held an interest card were given the next registration
+        // numbers, so no number is both a member's and a person's; a full file
+        // leaves no number for them.
         int own = std::min(150, std::max(3, people / 25)) + dice_.Int(0, 5);
+        own = std::min(own, static_cast<int>(p_.LastRNum));
         p_.MemberList.assign(1, std::string());
         for (int i = 1; i <= own; ++i) {
             bool man = dice_.Percent(45);
             std::string first = man ? dice_.Pick(MaleNames) : dice_.Pick(FemaleNames);
-            p_.MemberList.push_back(Four(i) + Fixed(dice_.Pick(LastNames), 15) + Fixed(first, 15));
+            p_.MemberList.push_back(Four(p_.LastRNum - i) + Fixed(dice_.Pick(LastNames), 15) + Fixed(first, 15));
         }
+        p_.LastRNum -= own;
         p_.MemberList.insert(p_.MemberList.end(), moved_.begin(), moved_.end());
         p_.MemberCount = static_cast<int>(p_.MemberList.size()) - 1;
     }

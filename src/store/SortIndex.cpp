@@ -1,12 +1,16 @@
 #include "store/SortIndex.h"
 
 #include <cmath>
+#include <cstring>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 
 #include "platform/vb/Error.h"
+#include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Attendance.h"
+#include "store/MasterRecord.h"
 #include "store/Members.h"
 #include "store/State.h"
 #include "store/Records.h"
@@ -23,50 +27,154 @@ std::string_view Tail(const std::string& s, std::size_t width) {
 
 // By character code, as unsigned bytes.
 bool Greater(std::string_view a, std::string_view b) {
-    std::size_t n = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < n; ++i) {
-        auto x = static_cast<unsigned char>(a[i]), y = static_cast<unsigned char>(b[i]);
-        if (x != y) return x > y;
+    int c = std::memcmp(a.data(), b.data(), std::min(a.size(), b.size()));   // memcmp compares unsigned
+    return c != 0 ? c > 0 : a.size() > b.size();
+}
+
+// A fixed-width field of the record buffer, worked on in place.
+struct Field {
+    char* at;
+    std::size_t width;
+    std::string_view Trimmed() const {
+        std::size_t b = 0, e = width;
+        while (b < e && at[b] == ' ') ++b;
+        while (e > b && at[e - 1] == ' ') --e;
+        return {at + b, e - b};
     }
-    return a.size() > b.size();
-}
-
-bool IsPlaceholder(const MasterRecord& r) {
-    return Trim(r.FName).empty() && Trim(r.LName) == "Unknown" && Trim(r.Address).empty();
-}
-
-void NormaliseAttendance(ProgramState& p) {
-    MasterRecord& r = p.MasterRec;
-    r.Attendance = Trim(r.Attendance);
-    if (Trim(r.Attendance).empty()) {
-        std::string a(40, '-');
-        if (p.MeetingNumber >= 1 && p.MeetingNumber <= 40) a[p.MeetingNumber - 1] = LastDigit(p.MeetingNumber);
-        r.Attendance = a;
+    // Fixed-width assignment: cut, or pad with blanks. `v` may lie inside the field.
+    void Assign(std::string_view v) const {
+        std::size_t k = std::min(width, v.size());
+        std::memmove(at, v.data(), k);
+        std::memset(at + k, ' ', width - k);
     }
-    CountAttendance(r);
-    if (r.Last > p.MeetingNumber) p.MeetingNumber = r.Last;
+    void Trim() const { Assign(Trimmed()); }
+};
+
+Field At(char* rec, std::size_t offset, std::size_t width) { return {rec + offset, width}; }
+
+void PutInt16(char* at, std::int16_t v) {
+    auto u = static_cast<std::uint16_t>(v);
+    at[0] = static_cast<char>(u & 0xFF);
+    at[1] = static_cast<char>(u >> 8);
 }
 
-void NormaliseDecisions(ProgramState& p) {
-    MasterRecord& r = p.MasterRec;
-    std::string d = Left(Trim(r.Decisions), 9);
-    d.resize(9, ' ');
-    for (int i = 1; i <= 9; ++i) {
-        char was = d[i - 1];
-        if (was == ' ') d[i - 1] = '-';
-        const std::string& code = p.DecisionCodes[i];
-        if (was != '-' && (code.empty() || was != code[0])) d[i - 1] = code.empty() ? '-' : code[0];
+bool IsPlaceholder(char* rec) {
+    return At(rec, RecordAt::FName, 20).Trimmed().empty() && At(rec, RecordAt::LName, 20).Trimmed() == "Unknown" &&
+           At(rec, RecordAt::Address, 30).Trimmed().empty();
+}
+
+// Trimmed and counted; an empty text becomes the current meeting alone.
+void NormaliseAttendance(char* rec, int& meetingNumber) {
+    Field a = At(rec, RecordAt::Attendance, 40);
+    a.Trim();
+    if (a.Trimmed().empty()) {
+        std::memset(a.at, '-', 40);
+        if (meetingNumber >= 1 && meetingNumber <= 40) a.at[meetingNumber - 1] = LastDigit(meetingNumber);
     }
-    r.Decisions = d;
+    std::int16_t last = 0;
+    std::int16_t total = CountAttendance(a.at, 40, last);
+    char attend[2] = {' ', ' '};
+    if (total < 10) attend[0] = static_cast<char>('0' + total);
+    else attend[0] = static_cast<char>('0' + total / 10), attend[1] = static_cast<char>('0' + total % 10);
+    std::memcpy(rec + RecordAt::Attend, attend, 2);
+    PutInt16(rec + RecordAt::Last, last);
+    if (last > meetingNumber) meetingNumber = last;
 }
 
-void NormaliseAge(ProgramState& p) {
-    MasterRecord& r = p.MasterRec;
-    std::string age = Trim(r.Age);
-    if (age.empty() || age == "Unknown") age = "NIF";
-    else if (age.size() > 5 && age[0] >= '1' && age[0] <= '7') age = p.AgeGroups[age[0] - '0'];
-    r.Age = age;
+void NormaliseWorkerCode(char* rec) {
+    char* wc = rec + RecordAt::WorkerCode;
+    bool inRange = std::memcmp(wc, "00", 2) >= 0 && std::memcmp(wc, "40", 2) <= 0;
+    if (!inRange && std::memcmp(wc, "##", 2) != 0) std::memcpy(wc, "00", 2);
 }
+
+void NormaliseAge(char* rec, const ProgramState& p) {
+    Field f = At(rec, RecordAt::Age, 10);
+    std::string_view age = f.Trimmed();
+    if (age.empty() || age == "Unknown") f.Assign("NIF");
+    else if (age.size() > 5 && age[0] >= '1' && age[0] <= '7') f.Assign(p.AgeGroups[age[0] - '0']);
+    else f.Assign(age);
+}
+
+// A blank or a letter that is not the decision's code becomes the code; "-"
+// and the code stay. A blank code letter (a damaged .inf) leaves a blank "-".
+void NormaliseDecisions(char* rec, const ProgramState& p) {
+    Field f = At(rec, RecordAt::Decisions, 12);
+    std::string_view t = f.Trimmed();
+    char d[12];
+    std::memset(d, ' ', sizeof d);
+    std::memcpy(d, t.data(), std::min<std::size_t>(t.size(), 9));
+    for (int i = 0; i < 9; ++i) {
+        const std::string& code = p.DecisionCodes[i + 1];
+        char letter = code.empty() ? '-' : code[0];
+        char was = d[i];
+        if (was != '-' && was != letter) d[i] = letter;
+        else if (was == ' ') d[i] = '-';
+    }
+    std::memcpy(f.at, d, sizeof d);
+}
+
+// The last 4 characters of three blanks and the number in Str form.
+void PutPointer(char* at, long n) {
+    std::memset(at, ' ', 4);
+    for (int k = 3; k >= 0 && n > 0; --k, n /= 10) at[k] = static_cast<char>('0' + n % 10);
+}
+
+void PutAlphaEntry(std::vector<std::string>& list, const char* rec, long n) {
+    char e[15];
+    std::memcpy(e, rec + RecordAt::RNum, 4);
+    for (int k = 0; k < 5; ++k) e[4 + k] = UCaseChar(rec[RecordAt::LName + k]);
+    for (int k = 0; k < 2; ++k) e[9 + k] = UCaseChar(rec[RecordAt::FName + k]);
+    PutPointer(e + 11, n);
+    list.emplace_back(e, sizeof e);
+}
+
+// A record as this program writes it: a number of digits and names and
+// codes without control characters.
+bool LooksLikeRecord(const char* rec) {
+    for (std::size_t k = 0; k < 4; ++k)
+        if (rec[k] < '0' || rec[k] > '9') return false;
+    for (std::size_t k = RecordAt::FName; k < RecordAt::Notes; ++k) {
+        auto c = static_cast<unsigned char>(rec[k]);
+        if (c < 0x20 || c == 0x7F) return false;
+    }
+    return true;
+}
+
+// Most records of a real crusade pass, damaged ones included; other files
+// (a picture, a text, random bytes) almost never do.
+bool LooksLikeRecordFile(const char* bytes, long records) {
+    long good = 0;
+    for (long i = 0; i < records; ++i) good += LooksLikeRecord(bytes + i * MasterRecord::Length);
+    return good * 2 >= records;
+}
+
+// The zip table's counts, zeroed, then raised one person at a time.
+class ZipCounter {
+public:
+    explicit ZipCounter(ProgramState& p) : p_(p), counts_(p.ZipCount + 1, 0) {
+        p.ZipList[0] = "0";
+        for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Fixed(Left(p.ZipList[z], 29), 29) + "   0";
+        for (int z = p.ZipCount; z >= 1; --z) byZip_[Left(p.ZipList[z], 10)] = z;   // the first entry wins
+        key_.reserve(10);
+    }
+    bool Empty() const { return p_.ZipCount == 0; }
+    void Count(const char* zip) {
+        key_.assign(zip, p_.CanadaSorter ? 3 : 10);
+        key_.resize(10, ' ');
+        auto it = byZip_.find(key_);
+        if (it != byZip_.end()) ++counts_[it->second];
+    }
+    void Finish() {
+        if (Empty()) return;
+        for (int z = 1; z <= p_.ZipCount; ++z)
+            p_.ZipList[z] = Left(p_.ZipList[z], 29) + Right("    " + CStr(counts_[z]), 4);
+    }
+private:
+    ProgramState& p_;
+    std::vector<int> counts_;
+    std::unordered_map<std::string, int> byZip_;
+    std::string key_;
+};
 
 // Shows the same boxes in the same order as comparing each entry with every
 // other, but finds "another entry with this number" through a count per number.
@@ -89,10 +197,14 @@ void DuplicateCheck(ProgramState& p) {
     }
 }
 
-struct BusyPointer {
-    host::Host& h;
-    explicit BusyPointer(host::Host& host) : h(host) { h.SetBusy(true); }
-    ~BusyPointer() { h.SetBusy(false); }
+class BusyPointer {
+public:
+    explicit BusyPointer(host::Host& host) : h_(host) { h_.SetBusy(true); }
+    ~BusyPointer() { h_.SetBusy(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+private:
+    host::Host& h_;
 };
 
 }  // namespace
@@ -122,7 +234,8 @@ void SortEntries(ProgramState& p) {
 
 int FindByNumber(const ProgramState& p) {
     std::string num = UCase(p.MasterRec.RNum);
-    for (int i = 1; i <= p.IndexCount; ++i)
+    int n = std::min<int>(p.IndexCount, static_cast<int>(p.SortIndex.size()) - 1);
+    for (int i = 1; i <= n; ++i)
         if (UCase(Left(p.SortIndex[i], 4)) == num) return i;
     return 0;
 }
@@ -151,71 +264,88 @@ void RebuildAlpha(ProgramState& p) {
 }
 
 void CountZips(ProgramState& p) {
-    p.ZipList[0] = "0";
-    for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Fixed(Left(p.ZipList[z], 29), 29) + "   0";
-    if (p.ZipCount == 0) return;
-    std::unordered_map<std::string, int> byZip;
-    for (int z = p.ZipCount; z >= 1; --z) byZip[Left(p.ZipList[z], 10)] = z;   // the first entry wins
-    std::vector<int> counts(p.ZipCount + 1, 0);
+    ZipCounter zips(p);
+    if (zips.Empty()) return;
     for (long i = 1; i <= p.RecordCount; ++i) {
         GetRecord(p, i);
         if (p.MasterRec.WorkerCode == "##") continue;
-        std::string zip = p.MasterRec.Zip;
-        if (p.CanadaSorter) zip = Left(zip, 3);
-        auto it = byZip.find(Fixed(zip, 10));
-        if (it != byZip.end()) ++counts[it->second];
+        zips.Count(p.MasterRec.Zip.str().data());
     }
-    for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Left(p.ZipList[z], 29) + Right("    " + CStr(counts[z]), 4);
+    zips.Finish();
 }
 
 bool FullLoadPass(ProgramState& p) {
     bool clearFlag = p.ScratchValue == "ClearFlag";
     BusyPointer busy(p.host);
+    // Every way out leaves the list empty or whole, never half built.
     p.SortIndex.assign(1, "alpha");
     p.SortName = "alpha";
+    p.IndexCount = 0;
+    p.CurrentIndex = 0;
     p.MeetingNumber = 1;
+    std::optional<FileLock> lock;
     try {
-        p.File1.Lock();
+        lock.emplace(p.File1);
     } catch (const RuntimeError&) {
         p.host.MsgBox("The file " + p.DataFile + " is in use by another copy of Vestrel." + p.CrLf +
                           "Close the other copy and try again.",
                       host::vbExclamation);
         return false;
     }
+    const long count = p.RecordCount;
+    constexpr std::size_t len = MasterRecord::Length;
+    std::vector<char> bytes(static_cast<std::size_t>(count) * len);
+    if (count > 0) p.File1.GetRange(1, count, bytes.data());
+    if (!LooksLikeRecordFile(bytes.data(), count)) {
+        p.host.MsgBox("The file " + p.DataFile + " is not a crusade's record file: its records hold no registration "
+                          "numbers and names." + p.CrLf + p.CrLf +
+                          "It has been left as it is. Choose another crusade, or restore this one from a backup.",
+                      host::vbExclamation);
+        return false;
+    }
+
+    std::vector<std::string> list;
+    list.reserve(static_cast<std::size_t>(count) + 1);
+    list.emplace_back("alpha");
+    ZipCounter zips(p);
+    int meeting = 1;
     int counter = 0;
     bool master = p.CrusadeName == "Master";
-    for (long i = 1; i <= p.RecordCount; ++i) {
-        GetRecord(p, i);
-        MasterRecord& r = p.MasterRec;
-        if (clearFlag) r.IntFlag = 0;
-        bool deleted = r.WorkerCode == "##";
+    for (long i = 1; i <= count; ++i) {
+        char* rec = bytes.data() + (i - 1) * len;
+        if (clearFlag) PutInt16(rec + RecordAt::IntFlag, 0);
+        bool deleted = std::memcmp(rec + RecordAt::WorkerCode, "##", 2) == 0;
         if (!deleted) {
-            r.FName = Trim(r.FName);
-            r.LName = Trim(r.LName);
-            r.Address = Trim(r.Address);
-            if (IsPlaceholder(r)) {
-                long num = static_cast<long>(Val(r.RNum));
+            At(rec, RecordAt::FName, 20).Trim();
+            At(rec, RecordAt::LName, 20).Trim();
+            At(rec, RecordAt::Address, 30).Trim();
+            if (IsPlaceholder(rec)) {
+                long num = static_cast<long>(Val(std::string(rec + RecordAt::RNum, 4)));
                 bool past = p.NumberDirection == "DOWN" ? num >= p.LastRNum
                           : p.NumberDirection == "UP"   ? num <= p.LastRNum
                                                         : false;
-                if (past) r.WorkerCode = "##";
+                if (past) std::memcpy(rec + RecordAt::WorkerCode, "##", 2);
             }
-            if (master) r.RNum = Right("000" + CStr(++counter), 4);
-            p.SortIndex.push_back(AlphaEntry(p, i));
-            NormaliseAttendance(p);
+            if (master) std::memcpy(rec + RecordAt::RNum, Right("000" + CStr(++counter), 4).data(), 4);
+            PutAlphaEntry(list, rec, i);
+            NormaliseAttendance(rec, meeting);
         }
-        std::string wc = r.WorkerCode;
-        if (!(wc >= "00" && wc <= "40") && wc != "##") r.WorkerCode = "00";
-        NormaliseAge(p);
-        NormaliseDecisions(p);
-        PutRecord(p, i);
+        NormaliseWorkerCode(rec);
+        NormaliseAge(rec, p);
+        NormaliseDecisions(rec, p);
+        if (!zips.Empty() && std::memcmp(rec + RecordAt::WorkerCode, "##", 2) != 0) zips.Count(rec + RecordAt::Zip);
     }
+    if (count > 0) p.File1.PutRange(1, count, bytes.data());
     p.File1.Sync();
-    p.File1.Unlock();
+    lock.reset();
+
+    p.MeetingNumber = meeting;
+    if (count > 0) p.MasterRec = DecodeRecord(bytes.data() + (count - 1) * len);
+    p.SortIndex.swap(list);
     p.IndexCount = static_cast<int>(p.SortIndex.size()) - 1;
     DuplicateCheck(p);
     p.CurrentIndex = p.IndexCount > 0 ? 1 : 0;
     SortEntries(p);
-    CountZips(p);
+    zips.Finish();
     return true;
 }

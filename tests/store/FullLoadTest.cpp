@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
+
 #include "edit/Navigate.h"
+#include "platform/vb/Error.h"
+#include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
@@ -37,6 +42,9 @@ TEST(FullLoad, RepairsEveryRecordAndWritesItBack) {
     d.Age = "Unknown";
     d.Decisions = "?--------";
     recs.push_back(d);
+    MasterRecord e = MakePerson("9995", "Eve", "Forty", "1");
+    e.WorkerCode = "40";        // the last team is a team
+    recs.push_back(e);
     c.WriteRecords(recs);
     c.p.LastRNum = 9990;
     OpenRecordFile(c.p);
@@ -66,10 +74,13 @@ TEST(FullLoad, RepairsEveryRecordAndWritesItBack) {
     EXPECT_EQ("NIF", RTrim(rd.Age));
     EXPECT_EQ("C--------   ", rd.Decisions.str());
 
+    EXPECT_EQ("40", c.ReadRecord(4).WorkerCode.str());
+
     EXPECT_EQ(5, c.p.MeetingNumber);
-    EXPECT_EQ(2, c.p.IndexCount);
+    EXPECT_EQ(3, c.p.IndexCount);
     EXPECT_EQ("9997ADAMSAL   2", c.p.SortIndex[1]);
-    EXPECT_EQ("9998ZELLEMA   1", c.p.SortIndex[2]);
+    EXPECT_EQ("9995FORTYEV   4", c.p.SortIndex[2]);
+    EXPECT_EQ("9998ZELLEMA   1", c.p.SortIndex[3]);
     EXPECT_EQ(1, c.p.CurrentIndex);
 }
 
@@ -127,6 +138,22 @@ TEST(FullLoad, DuplicateNumbersAreReportedInOrderAndCancelEndsTheCheck) {
               c.host.shown[0].text.find("You should manually remove one of these records after 'Fix Files' is completed."));
 }
 
+TEST(FullLoad, ANumberHeldByThreePeopleIsReportedTwice) {
+    // Record order: the second holder clears the memory, so the third is reported again.
+    struct Row { std::vector<const char*> numbers; int boxes; };
+    for (const Row& row : std::vector<Row>{{{"1111", "1111"}, 1}, {{"1111", "1111", "1111"}, 2},
+                                           {{"1111", "1111", "1111", "1111"}, 2}}) {
+        TestCrusade c;
+        std::vector<MasterRecord> recs;
+        for (const char* n : row.numbers) recs.push_back(MakePerson(n, "A", "Able"));
+        c.WriteRecords(recs);
+        for (int b = 0; b < row.boxes; ++b) c.host.ExpectBox("The following record is duplicated: 1111");
+        OpenRecordFile(c.p);
+        FullLoad(c.p);
+        c.host.Verify();
+    }
+}
+
 TEST(FullLoad, EmptyAndDamagedFiles) {
     TestCrusade c;
     c.WriteRecords({});
@@ -158,23 +185,68 @@ TEST(FullLoad, FixFilesLeavesTheMeetingAtTheHighestAttended) {
     EXPECT_EQ(3, c.p.MeetingNumber);
 }
 
-TEST(FullLoad, RecordsOfRandomBytesAreRepairedWithoutHarm) {
+TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
+    auto noise = [](unsigned state, std::size_t n) {
+        std::string s;
+        for (std::size_t i = 0; i < n; ++i) {
+            state = state * 1103515245u + 12345u;
+            s += static_cast<char>((state >> 16) & 0xFF);
+        }
+        return s;
+    };
+    auto good = [](int n) {
+        RecordBytes b = EncodeRecord(MakePerson(vb::Right("000" + std::to_string(n), 4), "Ann", "Lee"));
+        return std::string(b.data(), b.size());
+    };
+    // Records: numbers of digits with binary names are no records either;
+    // a crusade with half its records damaged is still a crusade.
+    struct Row { const char* what; int good; int bad; bool digits; bool refused; };
+    for (const Row& row : {Row{"random bytes", 0, 50, false, true}, Row{"digits, then binary", 0, 50, true, true},
+                           Row{"four good of ten", 4, 6, false, true}, Row{"five good of ten", 5, 5, false, false}}) {
+        TestCrusade c;
+        std::string bytes;
+        for (int i = 0; i < row.good; ++i) bytes += good(i + 1);
+        for (int i = 0; i < row.bad; ++i) {
+            std::string rec = noise(12345u + static_cast<unsigned>(i), MasterRecord::Length);
+            if (row.digits) rec.replace(0, 4, "1234");
+            bytes += rec;
+        }
+        c.WriteFile(c.dataFile, bytes);
+        c.p.Loaded = true;
+        if (row.refused) c.host.ExpectBox("The file " + c.dataFile + " is not a crusade's record file");
+        OpenRecordFile(c.p);
+        if (!row.refused) {
+            FullLoadPass(c.p);
+            c.host.Verify();
+            continue;
+        }
+        EXPECT_FALSE(FullLoad(c.p)) << row.what;
+        c.host.Verify();
+        EXPECT_TRUE(bytes == c.ReadFile(c.dataFile)) << row.what;
+        EXPECT_EQ(0, c.p.IndexCount) << row.what;
+        EXPECT_EQ(1u, c.p.SortIndex.size()) << row.what;
+        EXPECT_FALSE(c.p.Loaded) << row.what;
+        EXPECT_FALSE(c.p.File1.IsOpen()) << row.what;
+    }
+}
+
+TEST(FullLoad, AWriteThatFailsMidPassLeavesTheFileUnlockedAndTheListWhole) {
     TestCrusade c;
-    std::string bytes;
-    unsigned state = 12345;
-    for (int i = 0; i < 50 * MasterRecord::Length; ++i) {
-        state = state * 1103515245u + 12345u;
-        bytes += static_cast<char>((state >> 16) & 0xFF);
-    }
-    c.WriteFile(c.dataFile, bytes);
+    c.WriteRecords({MakePerson("9998", "A", "Able"), MakePerson("9997", "B", "Baker"), MakePerson("9996", "C", "Cole")});
     OpenRecordFile(c.p);
-    FullLoad(c.p);
-    for (long i = 1; i <= 50; ++i) {
-        MasterRecord r = c.ReadRecord(i);
-        std::string wc = r.WorkerCode;
-        EXPECT_TRUE((wc >= "00" && wc <= "40") || wc == "##") << i;
-        EXPECT_EQ(std::string(3, ' '), r.Decisions.str().substr(9)) << i;
-    }
-    EXPECT_GE(c.p.MeetingNumber, 1);
-    EXPECT_LE(c.p.MeetingNumber, 40);
+    // The disk refuses everything past the first record.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit was{};
+    ::getrlimit(RLIMIT_FSIZE, &was);
+    rlimit small = was;
+    small.rlim_cur = MasterRecord::Length;
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THROW(FullLoadPass(c.p), vb::RuntimeError);
+    ::setrlimit(RLIMIT_FSIZE, &was);
+    EXPECT_EQ(c.p.IndexCount + 1, static_cast<int>(c.p.SortIndex.size()));
+    c.p.MasterRec.RNum = "9997";
+    EXPECT_EQ(0, FindByNumber(c.p));
+    vb::RandomFile other;
+    other.Open(c.dataFile, MasterRecord::Length);
+    EXPECT_NO_THROW(other.Lock()) << "the pass kept the lock after its fault";
 }

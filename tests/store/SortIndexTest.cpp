@@ -66,4 +66,8 @@ TEST(FindByNumber, MatchesTheFirstFourCharactersWithoutCase) {
     EXPECT_EQ(2, FindByNumber(f.p));
     f.p.MasterRec.RNum = "1234";
     EXPECT_EQ(0, FindByNumber(f.p));
+    // A count that runs past the list never reads beyond it.
+    f.p.IndexCount = 50;
+    f.p.SortIndex.shrink_to_fit();
+    EXPECT_EQ(0, FindByNumber(f.p));
 }

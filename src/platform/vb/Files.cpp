@@ -118,6 +118,22 @@ bool DirMatch(const std::string& pattern, const std::string& name) {
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
+// Feeds the file to `sink` chunk by chunk until its end. Returns 0, the read's
+// errno, or the first non-zero result of `sink`.
+template <class Sink>
+int ReadChunks(int fd, Sink&& sink) {
+    char chunk[65536];
+    for (;;) {
+        const ssize_t n = ::read(fd, chunk, sizeof chunk);
+        if (n == 0) return 0;
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            return errno;
+        }
+        if (const int err = sink(static_cast<const char*>(chunk), static_cast<std::size_t>(n))) return err;
+    }
+}
+
 std::string ReadWhole(const std::string& path) {
     const int fd = OpenRetry(path, O_RDONLY);
     if (fd < 0) RaiseErrno(errno, MissingNumber(path));
@@ -128,19 +144,12 @@ std::string ReadWhole(const std::string& path) {
     }
     std::string data;
     data.reserve(static_cast<std::size_t>(st.st_size));
-    char chunk[65536];
-    for (;;) {
-        const ssize_t n = ::read(fd, chunk, sizeof chunk);
-        if (n == 0) break;
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            const int err = errno;
-            ::close(fd);
-            RaiseErrno(err);
-        }
-        data.append(chunk, static_cast<std::size_t>(n));
-    }
+    const int err = ReadChunks(fd, [&data](const char* chunk, std::size_t n) {
+        data.append(chunk, n);
+        return 0;
+    });
     ::close(fd);
+    if (err) RaiseErrno(err);
     return data;
 }
 
@@ -377,11 +386,13 @@ std::int64_t RandomFile::LOF() const {
     return st.st_size;
 }
 
-bool RandomFile::Get(long n, char* buf) {
+bool RandomFile::Get(long n, char* buf) { return GetRange(n, 1, buf) == 1; }
+
+long RandomFile::GetRange(long first, long count, char* buf) {
     if (fd_ < 0) Raise(errBadFileName);
-    if (n < 1) Raise(errBadRecordNumber);
-    const std::size_t len = static_cast<std::size_t>(recLen_);
-    off_t at = static_cast<off_t>(n - 1) * recLen_;
+    if (first < 1 || count < 0) Raise(errBadRecordNumber);
+    const std::size_t len = static_cast<std::size_t>(recLen_) * static_cast<std::size_t>(count);
+    off_t at = static_cast<off_t>(first - 1) * recLen_;
     std::size_t got = 0;
     while (got < len) {
         const ssize_t r = ::pread(fd_, buf + got, len - got, at);
@@ -394,14 +405,16 @@ bool RandomFile::Get(long n, char* buf) {
         at += r;
     }
     std::fill(buf + got, buf + len, '\0');
-    return got == len;
+    return static_cast<long>(got / static_cast<std::size_t>(recLen_));
 }
 
-void RandomFile::Put(long n, const char* buf) {
+void RandomFile::Put(long n, const char* buf) { PutRange(n, 1, buf); }
+
+void RandomFile::PutRange(long first, long count, const char* buf) {
     if (fd_ < 0) Raise(errBadFileName);
-    if (n < 1) Raise(errBadRecordNumber);
-    std::size_t left = static_cast<std::size_t>(recLen_);
-    off_t at = static_cast<off_t>(n - 1) * recLen_;
+    if (first < 1 || count < 0) Raise(errBadRecordNumber);
+    std::size_t left = static_cast<std::size_t>(recLen_) * static_cast<std::size_t>(count);
+    off_t at = static_cast<off_t>(first - 1) * recLen_;
     while (left > 0) {
         const ssize_t w = ::pwrite(fd_, buf, left, at);
         if (w < 0) {
@@ -509,18 +522,7 @@ void FileCopy(const std::string& from, const std::string& to) {
         ::close(in);
         RaiseErrno(err);
     }
-    int err = 0;
-    char chunk[65536];
-    for (;;) {
-        const ssize_t n = ::read(in, chunk, sizeof chunk);
-        if (n == 0) break;
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            err = errno;
-            break;
-        }
-        if ((err = WriteAll(out, chunk, static_cast<std::size_t>(n))) != 0) break;
-    }
+    int err = ReadChunks(in, [out](const char* chunk, std::size_t n) { return WriteAll(out, chunk, n); });
     ::close(in);
     if (::close(out) != 0 && !err) err = errno;
     if (err) {

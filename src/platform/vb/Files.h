@@ -87,6 +87,11 @@ public:
     // and false is returned. 63 for n < 1.
     bool Get(long n, char* buf);
     void Put(long n, const char* buf);       // 63 for n < 1; 61/57 on write failure
+    // Records first .. first+count-1 at once; returns how many were read whole
+    // (the rest of buf is zero-filled). PutRange writes them in as few calls as
+    // the system allows.
+    long GetRange(long first, long count, char* buf);
+    void PutRange(long first, long count, const char* buf);
     void Lock();                             // advisory lock of the whole file; 70 when held elsewhere
     void Unlock();
     void Sync();                             // flush to the disk (fsync)
@@ -95,6 +100,18 @@ private:
     int recLen_ = 0;
     std::string path_;
     bool locked_ = false;
+};
+
+// Holds the lock of a random file for a scope, so that no path out of a pass
+// leaves the file locked. Lock's error 70 comes out of the constructor.
+class FileLock {
+public:
+    explicit FileLock(RandomFile& f) : f_(f) { f_.Lock(); }
+    ~FileLock() { f_.Unlock(); }
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+private:
+    RandomFile& f_;
 };
 
 // Directory statements. Patterns take * and ? in the last component and match

@@ -1,0 +1,299 @@
+// The load pass works on the whole file in memory. It must leave exactly the
+// bytes, the list, the counts and the boxes that the record-by-record pass it
+// replaced left: that pass is kept here, as it was, to run beside it.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <unordered_map>
+
+#include "platform/vb/Strings.h"
+#include "store/Attendance.h"
+#include "store/Generator.h"
+#include "store/Info.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
+#include "store/State.h"
+#include "support/QuietHost.h"
+#include "support/TestCrusade.h"
+
+using namespace vb;
+
+namespace {
+
+// Records every box; answers Cancel to the box whose number is cancelAt (1-based).
+class RecordingHost : public QuietHost {
+public:
+    int cancelAt = 0;
+    std::vector<std::string> boxes;
+    int busy = 0;
+    int MsgBox(const std::string& text, int buttons, const std::string& title) override {
+        boxes.push_back(text + "|" + std::to_string(buttons) + "|" + title);
+        return static_cast<int>(boxes.size()) == cancelAt ? host::vbCancel : host::vbOK;
+    }
+    void SetBusy(bool on) override { busy += on ? 1 : -1; }
+};
+
+// ---- the record-by-record pass, as it was
+
+bool OldIsPlaceholder(const MasterRecord& r) {
+    return Trim(r.FName).empty() && Trim(r.LName) == "Unknown" && Trim(r.Address).empty();
+}
+
+void OldNormaliseAttendance(ProgramState& p) {
+    MasterRecord& r = p.MasterRec;
+    r.Attendance = Trim(r.Attendance);
+    if (Trim(r.Attendance).empty()) {
+        std::string a(40, '-');
+        if (p.MeetingNumber >= 1 && p.MeetingNumber <= 40) a[p.MeetingNumber - 1] = LastDigit(p.MeetingNumber);
+        r.Attendance = a;
+    }
+    CountAttendance(r);
+    if (r.Last > p.MeetingNumber) p.MeetingNumber = r.Last;
+}
+
+void OldNormaliseDecisions(ProgramState& p) {
+    MasterRecord& r = p.MasterRec;
+    std::string d = Left(Trim(r.Decisions), 9);
+    d.resize(9, ' ');
+    for (int i = 1; i <= 9; ++i) {
+        char was = d[i - 1];
+        if (was == ' ') d[i - 1] = '-';
+        const std::string& code = p.DecisionCodes[i];
+        if (was != '-' && (code.empty() || was != code[0])) d[i - 1] = code.empty() ? '-' : code[0];
+    }
+    r.Decisions = d;
+}
+
+void OldNormaliseAge(ProgramState& p) {
+    MasterRecord& r = p.MasterRec;
+    std::string age = Trim(r.Age);
+    if (age.empty() || age == "Unknown") age = "NIF";
+    else if (age.size() > 5 && age[0] >= '1' && age[0] <= '7') age = p.AgeGroups[age[0] - '0'];
+    r.Age = age;
+}
+
+void OldDuplicateCheck(ProgramState& p) {
+    std::string lastReported;
+    for (int i = 1; i <= p.IndexCount; ++i) {
+        std::string num = Left(p.SortIndex[i], 4);
+        for (int j = 1; j <= p.IndexCount; ++j) {
+            if (j == i || Left(p.SortIndex[j], 4) != num) continue;
+            if (num != lastReported) {
+                int answer = p.host.MsgBox("The following record is duplicated: " + num + p.CrLf + p.CrLf +
+                                               "You should manually remove one of these records after 'Fix Files' is completed.",
+                                           host::vbOKCancel);
+                if (answer == host::vbCancel) return;
+                lastReported = num;
+            } else {
+                lastReported.clear();
+            }
+            break;
+        }
+    }
+}
+
+void OldCountZips(ProgramState& p) {
+    p.ZipList[0] = "0";
+    for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Fixed(Left(p.ZipList[z], 29), 29) + "   0";
+    if (p.ZipCount == 0) return;
+    std::unordered_map<std::string, int> byZip;
+    for (int z = p.ZipCount; z >= 1; --z) byZip[Left(p.ZipList[z], 10)] = z;
+    std::vector<int> counts(p.ZipCount + 1, 0);
+    for (long i = 1; i <= p.RecordCount; ++i) {
+        GetRecord(p, i);
+        if (p.MasterRec.WorkerCode == "##") continue;
+        std::string zip = p.MasterRec.Zip;
+        if (p.CanadaSorter) zip = Left(zip, 3);
+        auto it = byZip.find(Fixed(zip, 10));
+        if (it != byZip.end()) ++counts[it->second];
+    }
+    for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Left(p.ZipList[z], 29) + Right("    " + CStr(counts[z]), 4);
+}
+
+bool OldFullLoadPass(ProgramState& p) {
+    bool clearFlag = p.ScratchValue == "ClearFlag";
+    p.host.SetBusy(true);
+    p.SortIndex.assign(1, "alpha");
+    p.SortName = "alpha";
+    p.MeetingNumber = 1;
+    p.File1.Lock();
+    int counter = 0;
+    bool master = p.CrusadeName == "Master";
+    for (long i = 1; i <= p.RecordCount; ++i) {
+        GetRecord(p, i);
+        MasterRecord& r = p.MasterRec;
+        if (clearFlag) r.IntFlag = 0;
+        bool deleted = r.WorkerCode == "##";
+        if (!deleted) {
+            r.FName = Trim(r.FName);
+            r.LName = Trim(r.LName);
+            r.Address = Trim(r.Address);
+            if (OldIsPlaceholder(r)) {
+                long num = static_cast<long>(Val(r.RNum));
+                bool past = p.NumberDirection == "DOWN" ? num >= p.LastRNum
+                          : p.NumberDirection == "UP"   ? num <= p.LastRNum
+                                                        : false;
+                if (past) r.WorkerCode = "##";
+            }
+            if (master) r.RNum = Right("000" + CStr(++counter), 4);
+            p.SortIndex.push_back(AlphaEntry(p, i));
+            OldNormaliseAttendance(p);
+        }
+        std::string wc = r.WorkerCode;
+        if (!(wc >= "00" && wc <= "40") && wc != "##") r.WorkerCode = "00";
+        OldNormaliseAge(p);
+        OldNormaliseDecisions(p);
+        PutRecord(p, i);
+    }
+    p.File1.Unlock();
+    p.IndexCount = static_cast<int>(p.SortIndex.size()) - 1;
+    OldDuplicateCheck(p);
+    p.CurrentIndex = p.IndexCount > 0 ? 1 : 0;
+    SortEntries(p);
+    OldCountZips(p);
+    p.host.SetBusy(false);
+    return true;
+}
+
+// ---- inputs
+
+// A generated crusade; `damage` then works on its bytes and its state.
+struct Case {
+    const char* name;
+    int people;
+    unsigned seed;
+    std::function<void(std::string& bytes, ProgramState& p)> damage;
+    int cancelAt = 0;
+};
+
+void Poke(std::string& bytes, long record, std::size_t offset, const std::string& text) {
+    bytes.replace(static_cast<std::size_t>(record - 1) * MasterRecord::Length + offset, text.size(), text);
+}
+
+std::string Noise(unsigned seed, std::size_t n) {
+    std::string s;
+    for (std::size_t i = 0; i < n; ++i) {
+        seed = seed * 1103515245u + 12345u;
+        s += static_cast<char>((seed >> 16) & 0xFF);
+    }
+    return s;
+}
+
+std::string ReadBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void WriteBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+// Everything the pass leaves behind, in one comparable text.
+std::string Outcome(ProgramState& p, const RecordingHost& h, const std::string& file) {
+    std::string all = std::to_string(p.IndexCount) + "/" + std::to_string(p.CurrentIndex) + "/" +
+                      std::to_string(p.MeetingNumber) + "/" + p.SortName + "/" + std::to_string(h.busy) + "\n";
+    for (const std::string& e : p.SortIndex) all += e + "\n";
+    for (int z = 0; z <= p.ZipCount; ++z) all += p.ZipList[z] + "\n";
+    for (const std::string& b : h.boxes) all += b + "\n";
+    RecordBytes last = EncodeRecord(p.MasterRec);
+    all += std::string(last.data(), last.size()) + "\n";
+    return all + file;
+}
+
+std::string RunPass(const Case& c, bool old) {
+    TempFolder folder;
+    RecordingHost h;
+    ProgramState p(h, folder.path());
+    const std::string dta = folder / "Spring.dta";
+    GenerateCrusade(p, dta, c.people, c.seed, 0);
+    std::string bytes = ReadBytes(dta);
+    if (c.damage) c.damage(bytes, p);
+    WriteBytes(dta, bytes);
+    h.cancelAt = c.cancelAt;
+    OpenRecordFile(p);
+    if (old) OldFullLoadPass(p);
+    else EXPECT_TRUE(FullLoadPass(p)) << c.name;
+    p.File1.Close();
+    return Outcome(p, h, ReadBytes(dta));
+}
+
+}  // namespace
+
+TEST(LoadPass, LeavesWhatTheRecordByRecordPassLeft) {
+    const std::vector<Case> cases = {
+        {"empty file", 0, 1, nullptr},
+        {"one person", 1, 2, nullptr},
+        {"middling crusade", 700, 3, nullptr},
+        {"large crusade", 3000, 4, nullptr},
+        {"canadian zips, ClearFlag", 400, 5,
+         [](std::string&, ProgramState& p) {
+             p.CanadaSorter = true;
+             p.ScratchValue = "ClearFlag";
+         }},
+        {"names, attendance, codes, ages and decisions damaged", 300, 6,
+         [](std::string& b, ProgramState& p) {
+             p.DecisionCodes[4] = " ";   // a blank code letter, as a damaged .inf gives
+             p.DecisionCodes[6] = "";
+             Poke(b, 2, RecordAt::FName, "   ann  ");
+             Poke(b, 3, RecordAt::Address, std::string(30, ' '));
+             Poke(b, 4, RecordAt::Attendance, std::string(40, ' '));
+             Poke(b, 5, RecordAt::Attendance, "  1 3" + std::string(35, '\0'));
+             Poke(b, 6, RecordAt::Attendance, std::string(40, 'X'));
+             const std::string codes[] = {"4A", "40", "41", "1 ", "##", std::string(2, '\0'), "-1", "  "};
+             for (int i = 0; i < 8; ++i) Poke(b, 10 + i, RecordAt::WorkerCode, codes[i]);
+             const char* ages[] = {"", "Unknown", "3 thirties", "8 eighties", "  7 seventies", "0 tiny", "12345"};
+             for (int i = 0; i < 7; ++i) Poke(b, 20 + i, RecordAt::Age, Fixed(ages[i], 10));
+             const char* decisions[] = {" CX", "         ", "CSKPBTADUXYZ", "   ---P", "C S P B U", "\xe9\xe9"};
+             for (int i = 0; i < 6; ++i) Poke(b, 30 + i, RecordAt::Decisions, Fixed(decisions[i], 12));
+             Poke(b, 40, RecordAt::LName, Fixed("\xe9tienne", 20));
+             Poke(b, 41, 0, Noise(41, MasterRecord::Length));   // a few records of noise still load
+             Poke(b, 42, 0, std::string(MasterRecord::Length, '\0'));
+         }},
+        {"placeholders around the last number, going down", 200, 7,
+         [](std::string& b, ProgramState& p) {
+             p.LastRNum = 9900;
+             for (long r : {50L, 99L, 100L, 101L, 150L}) {
+                 Poke(b, r, RecordAt::FName, std::string(20, ' '));
+                 Poke(b, r, RecordAt::LName, Fixed("  Unknown", 20));
+                 Poke(b, r, RecordAt::Address, std::string(30, ' '));
+             }
+         }},
+        {"placeholders going up, a tail of half a record", 200, 8,
+         [](std::string& b, ProgramState& p) {
+             p.NumberDirection = "UP";
+             p.LastRNum = 9900;
+             for (long r : {98L, 99L, 100L}) {
+                 Poke(b, r, RecordAt::FName, std::string(20, ' '));
+                 Poke(b, r, RecordAt::LName, Fixed("Unknown", 20));
+                 Poke(b, r, RecordAt::Address, std::string(30, ' '));
+             }
+             b += std::string(200, 'Z');
+         }},
+        {"numbers used twice and three times", 120, 9,
+         [](std::string& b, ProgramState&) {
+             for (long r : {10L, 20L, 30L}) Poke(b, r, 0, "5555");
+             for (long r : {40L, 50L}) Poke(b, r, 0, "6666");
+             for (long r : {60L, 70L}) Poke(b, r, 0, "7777");
+         }},
+        {"Cancel ends the duplicate check", 120, 10,
+         [](std::string& b, ProgramState&) {
+             for (long r : {10L, 20L, 30L, 40L}) Poke(b, r, 0, "5555");
+             for (long r : {50L, 60L}) Poke(b, r, 0, "6666");
+         },
+         2},
+        {"the Master crusade renumbers", 150, 11, [](std::string&, ProgramState& p) { p.CrusadeName = "Master"; }},
+    };
+    for (const Case& c : cases) {
+        std::string before = RunPass(c, true);
+        std::string after = RunPass(c, false);
+        EXPECT_TRUE(before == after) << c.name;
+        if (before != after) {
+            std::size_t at = 0;
+            while (at < before.size() && at < after.size() && before[at] == after[at]) ++at;
+            ADD_FAILURE() << c.name << ": first difference at byte " << at << " of " << before.size();
+        }
+    }
+}
