@@ -83,11 +83,11 @@ bool QtHost::Call(const std::function<void()>& f) {
         ending_ = true;
         QuitAllLoops();
     } catch (const vb::RuntimeError& e) {
-        ShowError("Run-time error '" + std::to_string(e.Number) + "':\n\n" + e.Description());
+        ShowError(vb::FaultText(e));
     } catch (const std::exception& e) {
-        ShowError(std::string("Run-time error:\n\n") + e.what());
+        ShowError(std::string("Vestrel could not finish this step:\n\n") + e.what());
     } catch (...) {
-        ShowError("Run-time error.");
+        ShowError("Vestrel could not finish this step.");
     }
     return false;
 }

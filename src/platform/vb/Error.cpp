@@ -36,4 +36,11 @@ void Raise(int number) {
     throw RuntimeError(number, ErrorDescription(number));
 }
 
+std::string FaultText(const RuntimeError& e) {
+    const std::string what = e.Description() + " (error " + std::to_string(e.Number) + ").";
+    if (e.Path.empty()) return "Vestrel could not finish this step:\n\n" + what;
+    return "Vestrel could not use the file:\n" + e.Path + "\n\n" + what +
+           "\n\nCheck that the disk has room and that the file and its folder may be written, then try again.";
+}
+
 }  // namespace vb

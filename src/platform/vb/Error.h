@@ -12,6 +12,7 @@ public:
     RuntimeError(int number, const std::string& description)
         : std::runtime_error(description), Number(number) {}
     int Number;
+    std::string Path;   // the file it happened to, when there was one
     std::string Description() const { return what(); }
 };
 
@@ -26,6 +27,10 @@ bool IgnoreErrors(F&& f) {
         return false;
     }
 }
+
+// What the operator reads when a fault reaches no handler of its own: plain
+// words, the file when there is one, and what to do about it.
+std::string FaultText(const RuntimeError& e);
 
 // Standard descriptions for the numbers the program meets.
 std::string ErrorDescription(int number);

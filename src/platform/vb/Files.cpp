@@ -20,31 +20,39 @@ namespace {
 
 // Windows refuses a read-only or busy file with "Path/File access error";
 // "Permission denied" is kept for a file held by someone else's lock.
-[[noreturn]] void RaiseErrno(int err, int missing = errPathNotFound) {
+int ErrnoNumber(int err, int missing) {
     switch (err) {
-    case ENOENT: Raise(missing);
-    case ENOTDIR: Raise(errPathNotFound);
+    case ENOENT: return missing;
+    case ENOTDIR: return errPathNotFound;
     case EACCES:
     case EPERM:
     case EROFS:
     case EISDIR:
     case ENOTEMPTY:
-    case EEXIST: Raise(errPathFileAccess);
+    case EEXIST: return errPathFileAccess;
     case ENOSPC:
 #ifdef EDQUOT
     case EDQUOT:
 #endif
-    case EFBIG: Raise(errDiskFull);
+    case EFBIG: return errDiskFull;
     case EMFILE:
-    case ENFILE: Raise(errTooManyFiles);
+    case ENFILE: return errTooManyFiles;
     case ENAMETOOLONG:
-    case EINVAL: Raise(errBadFileName);
+    case EINVAL: return errBadFileName;
     case EAGAIN:
     case EBUSY:
-    case ETXTBSY: Raise(errPermissionDenied);
-    case EXDEV: Raise(errRenameAcrossDrives);
-    default: Raise(errDeviceIO);
+    case ETXTBSY: return errPermissionDenied;
+    case EXDEV: return errRenameAcrossDrives;
+    default: return errDeviceIO;
     }
+}
+
+// The error carries the file it happened to, so whoever reports it can name it.
+[[noreturn]] void RaiseErrno(int err, const std::string& path, int missing = errPathNotFound) {
+    const int number = ErrnoNumber(err, missing);
+    RuntimeError e(number, ErrorDescription(number));
+    e.Path = path;
+    throw e;
 }
 
 bool IsDirectory(const std::string& path) {
@@ -136,7 +144,7 @@ int ReadChunks(int fd, Sink&& sink) {
 
 std::string ReadWhole(const std::string& path) {
     const int fd = OpenRetry(path, O_RDONLY);
-    if (fd < 0) RaiseErrno(errno, MissingNumber(path));
+    if (fd < 0) RaiseErrno(errno, path, MissingNumber(path));
     struct stat st;
     if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
         ::close(fd);
@@ -149,7 +157,7 @@ std::string ReadWhole(const std::string& path) {
         return 0;
     });
     ::close(fd);
-    if (err) RaiseErrno(err);
+    if (err) RaiseErrno(err, path);
     return data;
 }
 
@@ -265,7 +273,7 @@ void TextWriter::Open(const std::string& path, Mode mode, bool atomic) {
     if (!atomic) {
         const int flags = O_WRONLY | O_CREAT | (mode == Mode::Append ? O_APPEND : O_TRUNC);
         fd_ = OpenRetry(path, flags);
-        if (fd_ < 0) RaiseErrno(errno);
+        if (fd_ < 0) RaiseErrno(errno, path_);
         open_ = true;
         return;
     }
@@ -280,7 +288,7 @@ void TextWriter::Open(const std::string& path, Mode mode, bool atomic) {
             const int err = errno;
             tmpPath_.clear();
             buffer_.clear();
-            RaiseErrno(err);
+            RaiseErrno(err, path_);
         }
     }
     struct stat st;
@@ -292,7 +300,7 @@ void TextWriter::Flush() {
     if (buffer_.empty()) return;
     const int err = WriteAll(fd_, buffer_.data(), buffer_.size());
     buffer_.clear();
-    if (err) RaiseErrno(err);
+    if (err) RaiseErrno(err, path_);
 }
 
 void TextWriter::Close() {
@@ -313,7 +321,7 @@ void TextWriter::Close() {
         }
         tmpPath_.clear();
     }
-    if (err) RaiseErrno(err);
+    if (err) RaiseErrno(err, path_);
 }
 
 void TextWriter::Abandon() {
@@ -359,7 +367,7 @@ void RandomFile::Open(const std::string& path, int recordLength) {
     int fd = OpenRetry(path, O_RDWR | O_CREAT);
     // Without write access the file is still opened for reading, as the runtime does.
     if (fd < 0 && (errno == EACCES || errno == EROFS || errno == EPERM)) fd = OpenRetry(path, O_RDONLY);
-    if (fd < 0) RaiseErrno(errno);
+    if (fd < 0) RaiseErrno(errno, path);
     struct stat st;
     if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
         ::close(fd);
@@ -382,7 +390,7 @@ void RandomFile::Close() {
 std::int64_t RandomFile::LOF() const {
     if (fd_ < 0) Raise(errBadFileName);
     struct stat st;
-    if (::fstat(fd_, &st) != 0) RaiseErrno(errno);
+    if (::fstat(fd_, &st) != 0) RaiseErrno(errno, path_);
     return st.st_size;
 }
 
@@ -398,7 +406,7 @@ long RandomFile::GetRange(long first, long count, char* buf) {
         const ssize_t r = ::pread(fd_, buf + got, len - got, at);
         if (r < 0) {
             if (errno == EINTR) continue;
-            RaiseErrno(errno);
+            RaiseErrno(errno, path_);
         }
         if (r == 0) break;
         got += static_cast<std::size_t>(r);
@@ -420,7 +428,7 @@ void RandomFile::PutRange(long first, long count, const char* buf) {
         if (w < 0) {
             if (errno == EINTR) continue;
             if (errno == EBADF) Raise(errPathFileAccess);   // opened read-only
-            RaiseErrno(errno);
+            RaiseErrno(errno, path_);
         }
         buf += w;
         at += w;
@@ -448,7 +456,7 @@ void RandomFile::Unlock() {
 
 void RandomFile::Sync() {
     if (fd_ < 0) Raise(errBadFileName);
-    if (::fsync(fd_) != 0) RaiseErrno(errno);
+    if (::fsync(fd_) != 0) RaiseErrno(errno, path_);
 }
 
 // ---------------------------------------------------------------- directories
@@ -492,7 +500,7 @@ void Kill(const std::string& pattern) {
     const std::vector<std::string> files = Dir(pattern);
     if (files.empty()) Raise(errFileNotFound);
     for (const std::string& f : files)
-        if (::unlink(f.c_str()) != 0) RaiseErrno(errno, errFileNotFound);
+        if (::unlink(f.c_str()) != 0) RaiseErrno(errno, f, errFileNotFound);
 }
 
 void Name(const std::string& from, const std::string& to) {
@@ -500,12 +508,12 @@ void Name(const std::string& from, const std::string& to) {
     if (from.empty() || ::lstat(from.c_str(), &st) != 0) Raise(errFileNotFound);
     if (to.empty()) Raise(errBadFileName);
     if (::lstat(to.c_str(), &st) == 0) Raise(errFileExists);
-    if (::rename(from.c_str(), to.c_str()) != 0) RaiseErrno(errno);
+    if (::rename(from.c_str(), to.c_str()) != 0) RaiseErrno(errno, from);
 }
 
 void FileCopy(const std::string& from, const std::string& to) {
     const int in = OpenRetry(from, O_RDONLY);
-    if (in < 0) RaiseErrno(errno, MissingNumber(from));
+    if (in < 0) RaiseErrno(errno, from, MissingNumber(from));
     struct stat src, dst;
     if (::fstat(in, &src) != 0 || S_ISDIR(src.st_mode)) {
         ::close(in);
@@ -520,29 +528,29 @@ void FileCopy(const std::string& from, const std::string& to) {
     if (out < 0) {
         const int err = errno;
         ::close(in);
-        RaiseErrno(err);
+        RaiseErrno(err, to);
     }
     int err = ReadChunks(in, [out](const char* chunk, std::size_t n) { return WriteAll(out, chunk, n); });
     ::close(in);
     if (::close(out) != 0 && !err) err = errno;
     if (err) {
         ::unlink(to.c_str());
-        RaiseErrno(err);
+        RaiseErrno(err, to);
     }
 }
 
 void MkDir(const std::string& path) {
-    if (::mkdir(path.c_str(), 0777) != 0) RaiseErrno(errno);
+    if (::mkdir(path.c_str(), 0777) != 0) RaiseErrno(errno, path);
 }
 
 void RmDir(const std::string& path) {
-    if (::rmdir(path.c_str()) != 0) RaiseErrno(errno);
+    if (::rmdir(path.c_str()) != 0) RaiseErrno(errno, path);
 }
 
 std::string CurDir() {
     std::string buf(256, '\0');
     while (::getcwd(buf.data(), buf.size()) == nullptr) {
-        if (errno != ERANGE) RaiseErrno(errno);
+        if (errno != ERANGE) RaiseErrno(errno, std::string());
         buf.resize(buf.size() * 2);
     }
     buf.resize(std::char_traits<char>::length(buf.c_str()));
@@ -550,7 +558,7 @@ std::string CurDir() {
 }
 
 void ChDir(const std::string& path) {
-    if (::chdir(path.c_str()) != 0) RaiseErrno(errno);
+    if (::chdir(path.c_str()) != 0) RaiseErrno(errno, path);
 }
 
 std::string FolderOf(const std::string& path) {

@@ -302,3 +302,27 @@ TEST(Paths, SplitAndJoin) {
     EXPECT_EQ(JoinPath("", "c"), "c");
     EXPECT_EQ(JoinPath(FolderOf("/c.dta"), "d"), "/d");
 }
+
+TEST(Faults, AFileFaultNamesItsFileForTheOperator) {
+    const std::string dir = ::testing::TempDir() + "vestrel-fault";
+    const std::string missing = dir + "/nowhere/Spring.inf";
+    const std::pair<std::function<void()>, std::string> cases[] = {
+        {[&] { TextReader r(missing); }, missing},
+        {[&] { MkDir(missing); }, missing},
+        {[&] { FileCopy(missing, dir + "/x"); }, missing},
+        {[&] { Kill(missing); }, ""},   // a pattern that matched nothing names no file
+    };
+    for (const auto& [step, path] : cases) {
+        try {
+            step();
+            ADD_FAILURE() << path;
+        } catch (const RuntimeError& e) {
+            EXPECT_EQ(path, e.Path);
+            const std::string text = FaultText(e);
+            EXPECT_EQ(std::string::npos, text.find("Run-time error")) << text;
+            if (!path.empty()) {
+                EXPECT_NE(std::string::npos, text.find("Vestrel could not use the file:\n" + path)) << text;
+            }
+        }
+    }
+}
