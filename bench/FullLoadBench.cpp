@@ -13,6 +13,7 @@
 #include "store/Info.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
+#include "GeneratedCrusades.h"
 #include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
@@ -22,34 +23,8 @@ namespace {
 // Answers every box with OK; the load of a generated crusade shows none.
 class BenchHost : public QuietHost {};
 
-// One folder for the run, removed at exit; each size is generated once.
-class Crusades {
-public:
-    Crusades() : folder_(fs::temp_directory_path() / ("vestrel-bench-" + std::to_string(::getpid()))) {
-        fs::create_directories(folder_);
-    }
-    ~Crusades() {
-        std::error_code ec;
-        fs::remove_all(folder_, ec);
-    }
-    const std::string& Path(int people) {
-        auto it = made_.find(people);
-        if (it != made_.end()) return it->second;
-        std::string path = (folder_ / ("Bench" + std::to_string(people) + ".dta")).string();
-        BenchHost host;
-        Program p(host, folder_.string());
-        GenerateCrusade(p, path, people, 2026, 24);
-        return made_[people] = path;
-    }
-    const std::string& Folder() const { return folder_.native(); }
-
-private:
-    fs::path folder_;
-    std::map<int, std::string> made_;
-};
-
-Crusades& Generated() {
-    static Crusades crusades;
+GeneratedCrusades& Generated() {
+    static GeneratedCrusades crusades("vestrel-bench-");
     return crusades;
 }
 

@@ -23,6 +23,7 @@
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "store/State.h"
+#include "GeneratedCrusades.h"
 #include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
@@ -31,34 +32,9 @@ namespace {
 
 constexpr int Sizes[] = {1000, 3000, 9999};
 
-// One folder for the run, removed at exit; each size is generated once.
-class Crusades {
-public:
-    Crusades() : folder_(fs::temp_directory_path() / ("vestrel-side-" + std::to_string(::getpid()))) {
-        fs::create_directories(folder_);
-    }
-    ~Crusades() {
-        std::error_code ec;
-        fs::remove_all(folder_, ec);
-    }
-    const std::string& Path(int people) {
-        auto it = made_.find(people);
-        if (it != made_.end()) return it->second;
-        std::string path = (folder_ / ("Side" + std::to_string(people) + ".dta")).string();
-        QuietHost host;
-        ProgramState p(host, folder_.string());
-        GenerateCrusade(p, path, people, 2026, 24);
-        return made_[people] = path;
-    }
-    std::string Folder() const { return folder_.string(); }
 
-private:
-    fs::path folder_;
-    std::map<int, std::string> made_;
-};
-
-Crusades& Generated() {
-    static Crusades crusades;
+GeneratedCrusades& Generated() {
+    static GeneratedCrusades crusades("vestrel-side-");
     return crusades;
 }
 

@@ -115,6 +115,8 @@ public:
     void ScreenToRecord();
     void AddSlot();
     void AddNewRecord();
+    // The card on screen written as a new person; false when the disk refused it.
+    bool SaveTypedCard();
     void btnSaveNew_Click();
     void btnSaveExit_Click();
     void CopyCurrentRecord();

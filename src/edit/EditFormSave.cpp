@@ -179,7 +179,7 @@ void UndoSlot(ProgramState& p, int& addedCount) {
 }
 }  // namespace
 
-void EditForm::btnSaveNew_Click() {
+bool EditForm::SaveTypedCard() {
     MasterRecord before = p.MasterRec;
     AddSlot();
     ClearRecord(p.MasterRec);
@@ -187,12 +187,14 @@ void EditForm::btnSaveNew_Click() {
     p.MasterRec.Attend = "1";
     p.MasterRec.MapCode = "xxxx";
     p.MasterRec.IntFlag = 0;
-    if (!SaveChanges()) {
-        UndoSlot(p, AddedCount);
-        p.MasterRec = before;
-        return;
-    }
-    AddNewRecord();
+    if (SaveChanges()) return true;
+    UndoSlot(p, AddedCount);
+    p.MasterRec = before;
+    return false;
+}
+
+void EditForm::btnSaveNew_Click() {
+    if (SaveTypedCard()) AddNewRecord();
 }
 
 void EditForm::btnSaveExit_Click() {
@@ -202,19 +204,7 @@ void EditForm::btnSaveExit_Click() {
         btnCancelNew_Click();
         return;
     }
-    MasterRecord before = p.MasterRec;
-    AddSlot();
-    ClearRecord(p.MasterRec);
-    p.MasterRec.Last = static_cast<std::int16_t>(AddMeeting);
-    p.MasterRec.Attend = "1";
-    p.MasterRec.MapCode = "xxxx";
-    p.MasterRec.IntFlag = 0;
-    if (!SaveChanges()) {
-        UndoSlot(p, AddedCount);
-        p.MasterRec = before;
-        return;
-    }
-    mnuEditMode_Click();
+    if (SaveTypedCard()) mnuEditMode_Click();
 }
 
 void EditForm::btnCancelNew_Click() {
