@@ -77,6 +77,11 @@ TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExi
         EXPECT_EQ("1", e.RecordCounter.Caption());
         EXPECT_TRUE(e.btnSaveNew.Visible());
         EXPECT_FALSE(e.ChgRec[2].Visible());
+        if (round > 0) {   // the number box keeps the focus and its add-mode paint
+            EXPECT_EQ(&e.RNum, e.ActiveControl());
+            EXPECT_EQ(forms::HighlightColor, e.RNum.BackColor());
+        }
+        e.RNum.SetFocus();
         e.mnuEditMode_Click();
     }
     c.host.ExpectBox("You must save at least one record to exit the program.")
