@@ -15,13 +15,7 @@ struct CardCrusade {
     CardCrusade() {
         std::vector<MasterRecord> recs;
         for (const auto& person : People) recs.push_back(MakePerson(person[0], person[1], person[2]));
-        c.WriteRecords(recs);
-        c.p.Loaded = true;
-        c.Open();
-        c.p.CrusadeName = "Fall";
-        c.p.SoundOn = true;
-        e = &c.p.Edit();
-        c.host.sounds.clear();
+        e = &c.ShowOnEditScreen(recs);
     }
     ~CardCrusade() { c.host.Verify(); }
     // Sounds go out as their wave files.

@@ -16,13 +16,7 @@ struct EditFixture {
         std::vector<MasterRecord> recs;
         const char* names[] = {"Adams", "Allen", "Avery", "Baker", "Bell", "Brown", "Burke", "Cole", "Cruz", "Cyr"};
         for (int i = 0; i < 10; ++i) recs.push_back(MakePerson(std::to_string(9990 + i), "Pat", names[i], "1"));
-        c.WriteRecords(recs);
-        c.p.Loaded = true;
-        c.Open();
-        c.p.CrusadeName = "Fall";
-        c.p.SoundOn = true;
-        e = &c.p.Edit();
-        c.host.sounds.clear();
+        e = &c.ShowOnEditScreen(recs);
     }
     std::vector<Control*> Highlighted() {
         std::vector<Control*> out;

@@ -91,3 +91,14 @@ void TestCrusade::Open() {
     OpenRecordFile(p);
     FullLoad(p);
 }
+
+EditForm& TestCrusade::ShowOnEditScreen(const std::vector<MasterRecord>& people) {
+    WriteRecords(people);
+    p.Loaded = true;
+    Open();
+    p.CrusadeName = "Fall";
+    p.SoundOn = true;
+    EditForm& e = p.Edit();
+    host.sounds.clear();
+    return e;
+}

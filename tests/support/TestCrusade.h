@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "edit/EditForm.h"
 #include "store/MasterRecord.h"
 #include "program/Program.h"
 #include "support/ScriptedHost.h"
@@ -35,6 +36,9 @@ public:
     void WriteFile(const std::string& path, const std::string& bytes) const;
     // Opens the crusade's record file and runs the load pass, as the splash does.
     void Open();
+    // The people written, loaded as crusade "Fall" with sound on, and the edit
+    // screen up on the first of them; no sound counted yet.
+    EditForm& ShowOnEditScreen(const std::vector<MasterRecord>& people);
 
     TempFolder folder;
     ScriptedHost host;
