@@ -13,6 +13,7 @@
 #include "store/Attendance.h"
 #include "store/Generator.h"
 #include "store/Info.h"
+#include "store/Members.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "store/State.h"
@@ -210,6 +211,7 @@ std::string RunPass(const Case& c, bool old) {
     const std::string dta = folder / "Spring.dta";
     GenerateCrusade(p, dta, c.people, c.seed, 0);
     std::string bytes = ReadBytes(dta);
+    LoadZips(p);
     if (c.damage) c.damage(bytes, p);
     WriteBytes(dta, bytes);
     h.cancelAt = c.cancelAt;
@@ -228,8 +230,10 @@ TEST(LoadPass, LeavesWhatTheRecordByRecordPassLeft) {
         {"one person", 1, 2, nullptr},
         {"middling crusade", 700, 3, nullptr},
         {"large crusade", 3000, 4, nullptr},
-        {"canadian zips, ClearFlag", 400, 5,
+        {"canadian zips, ClearFlag, short zip entries", 400, 5,
          [](std::string&, ProgramState& p) {
+             p.ZipList[1] = Left(p.ZipList[1], 3);
+             p.ZipList[0].clear();
              p.CanadaSorter = true;
              p.ScratchValue = "ClearFlag";
          }},
@@ -277,6 +281,7 @@ TEST(LoadPass, LeavesWhatTheRecordByRecordPassLeft) {
              for (long r : {10L, 20L, 30L}) Poke(b, r, 0, "5555");
              for (long r : {40L, 50L}) Poke(b, r, 0, "6666");
              for (long r : {60L, 70L}) Poke(b, r, 0, "7777");
+             for (long r : {80L, 90L}) Poke(b, r, 0, "A-12");   // a damaged number twice
          }},
         {"Cancel ends the duplicate check", 120, 10,
          [](std::string& b, ProgramState&) {

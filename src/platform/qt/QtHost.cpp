@@ -11,13 +11,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
-#include <QSoundEffect>
 #include <QTextBrowser>
 #include <QThread>
 #include <QTimer>
@@ -25,6 +21,7 @@
 
 #include "platform/forms/Form.h"
 #include "platform/qt/FormView.h"
+#include "platform/qt/MediaModule.h"
 #include "platform/qt/QtPrintSurface.h"
 #include "platform/vb/Cp1252.h"
 #include "platform/vb/Error.h"
@@ -44,7 +41,8 @@ QString FindResourceFolder(const QString& programDir) {
 QtHost::QtHost(const std::string& settingsFile, const std::string& resources)
     : resources_(FromPath(resources)),
       settings_(std::make_unique<QSettings>(FromPath(settingsFile), QSettings::IniFormat)),
-      anchor_(std::make_unique<QObject>()) {
+      anchor_(std::make_unique<QObject>()),
+      media_(std::make_unique<MediaModule>(QCoreApplication::applicationDirPath())) {
     // The program ends by its own rules (End, or its last form unloaded), not
     // when Qt sees a last window close: a box shown before any form is not one.
     QGuiApplication::setQuitOnLastWindowClosed(false);
@@ -274,11 +272,30 @@ void QtHost::SetBusy(bool busy) {
 void QtHost::PlayWave(const std::string& path) {
     QString file = FromPath(path);
     if (!QFileInfo::exists(file)) return;
-    // A new sound cuts the one still playing, as the old call did.
-    sound_ = std::make_unique<QSoundEffect>();
-    sound_->setSource(QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath()));
-    sound_->play();
+    pendingSound_ = QFileInfo(file).absoluteFilePath();
+    PlayPendingSound();
 }
+
+void QtHost::PlayPendingSound() {
+    if (pendingSound_.isEmpty()) return;
+    // While the module is still being opened the sound waits for it, and the
+    // window that asked for it is drawn meanwhile.
+    if (!media_->Ready()) {
+        if (!soundWaiting_) {
+            soundWaiting_ = true;
+            QTimer::singleShot(10, anchor_.get(), [this] {
+                soundWaiting_ = false;
+                PlayPendingSound();
+            });
+        }
+        return;
+    }
+    QString file;
+    file.swap(pendingSound_);
+    if (MediaBackend* b = media_->Backend()) b->Play(file);
+}
+
+std::string QtHost::MediaError() { return media_->Error(); }
 
 int QtHost::OpenDocument(const std::string& path) {
     QString file = FromPath(path);
@@ -287,22 +304,9 @@ int QtHost::OpenDocument(const std::string& path) {
 }
 
 std::optional<std::string> QtHost::HttpGet(const std::string& url) {
-    if (!network_) network_ = std::make_unique<QNetworkAccessManager>();
-    QNetworkRequest request(QUrl(QString::fromStdString(url)));
-    request.setTransferTimeout(kWebTimeoutMs);
-    QNetworkReply* reply = network_->get(request);
-    QEventLoop loop;
-    QObject::connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    QTimer::singleShot(kWebTimeoutMs + 1000, &loop, &QEventLoop::quit);
-    // Synchronous for the program: the operator's input waits until it is done.
-    if (!reply->isFinished()) loop.exec(QEventLoop::ExcludeUserInputEvents);
-    std::optional<std::string> body;
-    if (!reply->isFinished()) {
-        reply->abort();
-    } else if (reply->error() == QNetworkReply::NoError) {
-        body = reply->readAll().toStdString();
-    }
-    reply->deleteLater();
+    MediaBackend* b = media_->Backend();
+    if (!b) return std::nullopt;
+    std::optional<std::string> body = b->Get(QString::fromStdString(url), kWebTimeoutMs);
     ThrowIfEnding();
     return body;
 }

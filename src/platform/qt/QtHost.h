@@ -1,6 +1,6 @@
 #pragma once
 // The desktop host: Qt's own boxes and dialogs, the forms as real windows,
-// QSettings for the settings store, Qt Multimedia for sound, one web GET.
+// QSettings for the settings store, sound and one web GET through MediaModule.
 //
 // Every call from Qt into the program goes through Call: an End statement
 // (host::EndProgram) quits every event loop and unwinds, any other error is
@@ -20,10 +20,9 @@
 
 class FormView;
 class QEventLoop;
-class QNetworkAccessManager;
+class MediaModule;
 class QObject;
 class QSettings;
-class QSoundEffect;
 class QTextBrowser;
 class QWidget;
 class QtPrintSurface;
@@ -83,6 +82,9 @@ public:
                                                                     const std::string& section) override;
     void DeleteSetting(const std::string& app, const std::string& section, const std::string& key) override;
 
+    // Why sound and the web are missing (waits for the module); empty when they are not.
+    std::string MediaError();
+
     // From FormView: the window of a form became the active window.
     void WindowActivated(FormView& v);
 
@@ -105,6 +107,7 @@ private:
     void ReactivateAfterDialog(QWidget* was);
     void ThrowIfEnding() const;
     QtPrintSurface& Surface();
+    void PlayPendingSound();
 
     QString resources_;
     std::unique_ptr<QSettings> settings_;
@@ -116,7 +119,8 @@ private:
     bool endCheckPending_ = false;
     int busyDepth_ = 0;
     std::unique_ptr<QtPrintSurface> printer_;
-    std::unique_ptr<QSoundEffect> sound_;
-    std::unique_ptr<QNetworkAccessManager> network_;
+    std::unique_ptr<MediaModule> media_;
+    QString pendingSound_;
+    bool soundWaiting_ = false;
     std::unique_ptr<QTextBrowser> help_;
 };
