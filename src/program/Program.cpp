@@ -13,6 +13,13 @@ EditForm& Program::Edit() {
     return *editForm_;
 }
 
+void Program::PrepareEdit() {
+    host.AfterFirstPaint([this] {
+        if (!editForm_) editForm_ = std::make_unique<EditForm>(*this);
+        host.PrepareForm(*editForm_);
+    });
+}
+
 bool Program::EditLoaded() const { return editForm_ && editForm_->Loaded(); }
 
 frmSplash& Program::Splash() {

@@ -17,6 +17,9 @@ struct Program : ProgramState {
     EditForm& Edit();
     frmSplash& Splash();
     bool EditLoaded() const;
+    // Builds the edit screen's window once the first window is on the screen,
+    // while the operator reads it, so that opening a crusade only fills it.
+    void PrepareEdit();
     void DropSplash();
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).

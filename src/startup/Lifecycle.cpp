@@ -56,6 +56,7 @@ void Main(Program& p) {
         IgnoreErrors([&] { Kill(p.AppPath + "/setup.exe"); });
     }
     p.StartUp = true;
+    p.PrepareEdit();
     p.Splash().Show(true);
     p.Edit().Show();
 }

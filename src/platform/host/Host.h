@@ -2,6 +2,7 @@
 // Everything that leaves the program goes through Host: boxes, dialogs, showing
 // forms, the busy pointer, sound, the desktop's viewer, the web, help, the clock,
 // the settings store and the printer.
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -59,6 +60,11 @@ public:
     virtual void UnloadForm(forms::Form& f) = 0;
     // Paint pending changes now (Refresh / DoEvents around long routines).
     virtual void Refresh(forms::Form& f) = 0;
+    // Work done ahead while the operator reads the first window: runs once, after
+    // the next window has been drawn. A host without a screen never runs it.
+    virtual void AfterFirstPaint(std::function<void()> work) { (void)work; }
+    // Builds the window of a form ahead of its first Show; the form stays as it is.
+    virtual void PrepareForm(forms::Form& f) { (void)f; }
 
     virtual void SetBusy(bool busy) = 0;
     // Plays a wave file without waiting; a missing file is silent.

@@ -30,6 +30,27 @@ namespace {
 
 constexpr int kWebTimeoutMs = 10000;
 
+// Watches every widget of the application until one paints, then hands its
+// work to the event loop, to run once that paint is on the screen.
+class FirstPaintWatch : public QObject {
+public:
+    explicit FirstPaintWatch(std::function<void()> work) : work_(std::move(work)) { qApp->installEventFilter(this); }
+
+private:
+    bool eventFilter(QObject* o, QEvent* e) override {
+        if (e->type() == QEvent::Paint && o->isWidgetType() && work_) {
+            qApp->removeEventFilter(this);
+            QTimer::singleShot(0, this, [this] {
+                std::function<void()> work = std::move(work_);
+                deleteLater();
+                work();
+            });
+        }
+        return false;
+    }
+    std::function<void()> work_;
+};
+
 }  // namespace
 
 QString FindResourceFolder(const QString& programDir) {
@@ -116,6 +137,14 @@ FormView* QtHost::View(const forms::Form& f) const {
     auto it = views_.find(&f);
     return it == views_.end() ? nullptr : it->second;
 }
+
+void QtHost::AfterFirstPaint(std::function<void()> work) {
+    new FirstPaintWatch([this, work = std::move(work)] {
+        if (!ending_) Call(work);
+    });
+}
+
+void QtHost::PrepareForm(forms::Form& f) { ViewFor(f); }
 
 FormView& QtHost::ViewFor(forms::Form& f) {
     if (FormView* v = View(f)) return *v;

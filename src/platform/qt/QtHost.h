@@ -65,6 +65,8 @@ public:
     void HideForm(forms::Form& f) override;
     void UnloadForm(forms::Form& f) override;
     void Refresh(forms::Form& f) override;
+    void AfterFirstPaint(std::function<void()> work) override;
+    void PrepareForm(forms::Form& f) override;
     void ForgetForm(forms::Form* f) override;
 
     void SetBusy(bool busy) override;
