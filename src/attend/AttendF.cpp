@@ -163,6 +163,13 @@ void AttendF::Wire() {
     Notes.KeyDown = [this](int& k, int s) { Notes_KeyDown(k, s); };
     Notes.MouseDown = [this](int b, int s, float x, float y) { Notes_MouseDown(b, s, x, y); };
     Class.MouseUp = [this](int b, int s, float x, float y) { Class_MouseUp(b, s, x, y); };
+    // The desktop toggles the box on the click after the mouse-up: the dialog's choice stands.
+    Class.MouseDown = [this](int, int, float, float) { pendingClass_ = -1; };
+    Class.Click = [this] {
+        int v = pendingClass_;
+        pendingClass_ = -1;
+        if (!showing_ && v >= 0 && Class.Value() != v) Class.SetValue(v);
+    };
     // A warning colour lasts until the box is left.
     Phone.LostFocus = [this] {
         Phone.SetForeColor(vbWindowText);

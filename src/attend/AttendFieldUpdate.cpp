@@ -59,6 +59,10 @@ AttendFieldUpdate::AttendFieldUpdate(Program& prog) : Form(prog.host, "AttendFie
     ATD.Click = [this](int i) { ATD_Click(i); };
     optAtDe.MouseDown = [this](int i, int b, int s, float x, float y) { optAtDe_MouseDown(i, b, s, x, y); };
     optAtDe.MouseUp = [this](int i, int b, int s, float x, float y) { optAtDe_MouseUp(i, b, s, x, y); };
+    optAtDe.Click = [this](int i) {
+        if (clearing_) optAtDe[i].SetValue(false);
+        clearing_ = false;
+    };
     btnFill.Click = [this] { btnFill_Click(); };
     btnClearAttend.Click = [this] { btnClearAttend_Click(); };
     Attendance.Click = [this] { Attendance_Click(); };
@@ -147,10 +151,14 @@ void AttendFieldUpdate::btnClearAttend_Click() {
     ShowCounts();
 }
 
-void AttendFieldUpdate::optAtDe_MouseDown(int Index, int, int, float, float) { OptionHeld = optAtDe[Index].Value() != 0; }
+void AttendFieldUpdate::optAtDe_MouseDown(int Index, int, int, float, float) {
+    OptionHeld = optAtDe[Index].Value() != 0;
+    clearing_ = false;
+}
 
 void AttendFieldUpdate::optAtDe_MouseUp(int Index, int, int, float, float) {
     if (OptionHeld || Index == 0) {
+        clearing_ = true;
         for (int i = 0; i <= 9; ++i) optAtDe[i].SetValue(false);
         SelectedCode.clear();
         lblDecision.SetCaption("Click to show Decision Code Instead of Number");

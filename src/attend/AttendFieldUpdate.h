@@ -28,6 +28,7 @@ public:
     std::string WorkingText;
     std::string SelectedCode;
     bool OptionHeld = false;
+    bool clearing_ = false;   // the mouse-up turned the options off
     std::string Caller;   // "edit" or "attend", as it stood when the dialog opened
 
     forms::Label lblName{*this, "lblName"};

@@ -17,6 +17,13 @@ void EditForm::WireDoorScreens() {
     btnAttend.Click = [this] { mnuAttendUpdate_Click(); };
     Attendance.Click = [this] { Attendance_Click(); };
     Class.MouseUp = [this](int b, int s, float x, float y) { Class_MouseUp(b, s, x, y); };
+    // The desktop toggles the box on the click after the mouse-up: the dialog's choice stands.
+    Class.MouseDown = [this](int, int, float, float) { PendingClass = -1; };
+    Class.Click = [this] {
+        int v = PendingClass;
+        PendingClass = -1;
+        if (v >= 0 && Class.Value() != v) Class.SetValue(v);
+    };
     mnuDeleteRecord.Click = [this] { mnuDeleteRecord_Click(); };
     btnDelete.Click = [this] { btnDelete_Click(); };
     btnSDA.Click = [this] { btnSDA_Click(); };

@@ -147,6 +147,7 @@ public:
     void Form_KeyDown(int& KeyCode, int Shift) override;
     void WireDoorScreens();
     std::string DeleteTitle;     // tells a delete from a move to the member file
+    int PendingClass = -1;       // Class as the appointment dialog left it, against the click that follows
 
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);

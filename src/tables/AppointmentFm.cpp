@@ -55,6 +55,9 @@ AppointmentFm::AppointmentFm(ProgramState& prog) : Form(prog.host, "AppointmentF
     optAptDay.MouseUp = [this](int i, int b, int s, float x, float y) { optAptDay_MouseUp(i, b, s, x, y); };
     optAptTime.MouseUp = [this](int i, int b, int s, float x, float y) { optAptTime_MouseUp(i, b, s, x, y); };
     btnUnspecified.Click = [this] { ShowChoice(); };
+    // A click may come after the mouse-up on the desktop: the label follows the option either way.
+    optAptDay.Click = [this](int) { ShowChoice(); };
+    optAptTime.Click = [this](int) { ShowChoice(); };
     btnSave.Click = [this] { btnSave_Click(); };
     btnClear.Click = [this] { btnClear_Click(); };
     btnCancelApt.Click = [this] { btnCancelApt_Click(); };
@@ -126,7 +129,7 @@ void AppointmentFm::btnSave_Click() {
     else WorkingVisits += code;
     // Visits holds 12 characters: the oldest visit falls off, as when a visit is keyed.
     if (WorkingVisits.size() > 12) WorkingVisits = Right(WorkingVisits, 12);
-    if (code.empty() && class_) class_->SetValue(vbUnchecked);
+    if (class_) class_->SetValue(code.empty() ? vbUnchecked : vbChecked);
     if (visits_) visits_->SetText(WorkingVisits);
     Unload();
 }
@@ -152,4 +155,5 @@ void AppointmentFm::btnCancelApt_Click() {
 
 void EditForm::Class_MouseUp(int, int, float, float) {
     p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()));
+    PendingClass = Class.Value();
 }

@@ -155,7 +155,9 @@ TEST(Appointment, ClicksMakeTheCodeInVisits) {
                 a.btnSave.UserClick();
             }
         });
+        e.Class.UserMouseDown(vbLeftButton, 0, 0, 0);
         e.Class.UserMouseUp(vbLeftButton, 0, 0, 0);
+        e.Class.UserClick();   // the desktop's click after the release
         EXPECT_EQ(r.after, e.Visits.Text()) << r.before;
         EXPECT_EQ(r.classAfter, e.Class.Value()) << r.before;
         EXPECT_EQ("Appointment", f.c.p.CallerForm);
