@@ -24,14 +24,14 @@ AttendFieldUpdate::AttendFieldUpdate(Program& prog) : Form(prog.host, "AttendFie
     Move(0, 0, 6600, 5700);
     lblName.Move(210, 120, 4000, 300);
     lblName.SetFontBold(true);
-    Attendance.Move(210, 480, 4200, 330);
+    Attendance.Move(210, 480, 4560, 330);
     Attendance.FixedPitch = true;
     Attendance.SetFont("Courier New", 9);
     Attendance.Locked = true;
-    lblAttend.Move(4560, 510, 600, 250);
-    Attend.Move(5160, 510, 400, 250);
-    lblLast.Move(4560, 780, 800, 250);
-    Last.Move(5360, 780, 400, 250);
+    lblAttend.Move(4860, 510, 600, 250);
+    Attend.Move(5460, 510, 400, 250);
+    lblLast.Move(4860, 780, 800, 250);
+    Last.Move(5660, 780, 400, 250);
     Label16.Move(210, 870, 4200, 250);
     // Meetings 1 to 20 in one row and 21 to 40 in the next, 300 twips apart.
     for (int i = 0; i < 40; ++i) {
@@ -47,7 +47,7 @@ AttendFieldUpdate::AttendFieldUpdate(Program& prog) : Form(prog.host, "AttendFie
         optAtDe[i].Move(120, 120 + i * 240, 4000, 240);
         optAtDe[i].SetVisible(true);
     }
-    lblDecision.Move(210, 4560, 4200, 300);
+    lblDecision.Move(210, 4560, 6000, 300);
     lblDecision.SetCaption(DefaultDecision);
     btnFill.Move(210, 4980, 900, 360);
     btnFill.SetToolTipText("Add all meetings up to the current meeting");
