@@ -63,6 +63,9 @@ void AttendF::Layout() {
     EntInd.Locked = true;
     Place(SDAIdent, 526, 26, 254, 28);
     SDAIdent.Locked = true;
+    // Display only: the keyboard never stops there.
+    SDAIdent.SetTabStop(false);
+    EntInd.SetTabStop(false);
     Place(RecordCounter, 10, 62, 160, 16);
 
     auto field = [](Label& l, Control& box, int x, int y, int w) {
@@ -222,7 +225,12 @@ void AttendF::Exit_Click() {
     p.CallerForm = "attend";
 }
 
-void AttendF::Form_Unload(int&) {
+void AttendF::Form_Unload(int& Cancel) {
+    // Closed from its window's title bar too: the person on screen is not lost.
+    if (!SaveRecord()) {
+        Cancel = 1;
+        return;
+    }
     if (p.MeetingNumber < SavedMeetingNumber) p.MeetingNumber = SavedMeetingNumber;
     PendingDecision = "-";
     p.Edit().Show();
