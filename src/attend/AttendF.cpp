@@ -2,6 +2,7 @@
 #include "attend/AttendF.h"
 
 #include "edit/EditForm.h"
+#include "edit/FieldRules.h"
 #include "edit/Navigate.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
@@ -166,6 +167,9 @@ void AttendF::Wire() {
     Notes.KeyDown = [this](int& k, int s) { Notes_KeyDown(k, s); };
     Notes.MouseDown = [this](int b, int s, float x, float y) { Notes_MouseDown(b, s, x, y); };
     Class.MouseUp = [this](int b, int s, float x, float y) { Class_MouseUp(b, s, x, y); };
+    BaptDate.KeyDown = [this](int& k, int s) { BaptDate_KeyDown(k, s); };
+    BaptDate.DblClick = [this] { BaptDate_DblClick(); };
+    BaptDate.LostFocus = [this] { BaptDate.SetText(PadDate(BaptDate.Text())); };
     // The desktop toggles the box on the click after the mouse-up: the dialog's choice stands.
     Class.MouseDown = [this](int, int, float, float) { pendingClass_ = -1; };
     Class.Click = [this] {

@@ -53,6 +53,8 @@ public:
     void Notes_KeyDown(int& KeyCode, int Shift);
     void Notes_MouseDown(int Button, int Shift, float X, float Y);
     void Class_MouseUp(int Button, int Shift, float X, float Y);
+    void BaptDate_KeyDown(int& KeyCode, int Shift);
+    void BaptDate_DblClick();
 
     // The meeting in MtgNum, or 0 when the box holds no meeting from 1 to 40.
     int Meeting() const;

@@ -552,3 +552,29 @@ void AttendF::Notes_MouseDown(int, int, float, float) {
     p.host.MsgBox("Use the 'Comments/ Prayer Request'  button for information the teams should see.",
                   host::vbExclamation, "Note Box Caution!");
 }
+
+void AttendF::BaptDate_KeyDown(int& KeyCode, int) {
+    if (KeyCode == vbKeyA + ('P' - 'A')) {
+        KeyCode = 0;
+        // The key writes this fixed date, as on the edit screen.
+        BaptDate.SetText("05/23/09");
+        IntLevel.SetText("A");
+        return;
+    }
+    if (KeyCode != 43 && KeyCode != 187 && KeyCode != 189) return;
+    std::string next;
+    const bool ok = StepDate(BaptDate.Text(), KeyCode == 189 ? -1 : 1, next);
+    KeyCode = 0;
+    if (ok) BaptDate.SetText(next);
+    else PlaySound(p, "clunk");
+}
+
+void AttendF::BaptDate_DblClick() {
+    BaptDate.SetText(FormatDate(p.host.Now(), "mm/dd/yy"));
+    if (p.host.MsgBox("Has this interest already been baptized?", host::vbYesNo, "Enter Interest Level") == host::vbYes) {
+        IntLevel.SetText("G");
+        Baptized.SetValue(vbChecked);
+    } else {
+        IntLevel.SetText("A");
+    }
+}

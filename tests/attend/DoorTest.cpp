@@ -233,3 +233,28 @@ TEST(Door, TheStartCommandOpensNothingOnARefusal) {
     e.btnAttend.UserClick();
     EXPECT_FALSE(c.p.AttendLoaded());
 }
+
+TEST(Door, CorrectionsOnTheCardFollowTheEditScreensRulesAndReachTheDisk) {
+    Door d;
+    AttendF& a = *d.a;
+    d.Key("0012");
+    d.c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
+    a.IntLevel.SetText("x");
+    EXPECT_EQ("", a.IntLevel.Text());
+    a.BaptDate.SetFocus();
+    struct Key { std::string before; int key; std::string after; };
+    for (const Key& k : std::vector<Key>{{"01/31/26", 187, "02/01/26"}, {"03/10/26", 189, "03/09/26"},
+                                         {"", 'P', "05/23/09"}}) {
+        a.BaptDate.SetText(k.before);
+        a.PressKey(k.key);
+        EXPECT_EQ(k.after, a.BaptDate.Text()) << k.before;
+    }
+    EXPECT_EQ("A", a.IntLevel.Text());
+    a.Baptized.UserClick();
+    EXPECT_EQ("G", a.IntLevel.Text());
+    a.NextRecord_Button.UserClick();
+    MasterRecord m = d.c.ReadRecord(1);
+    EXPECT_EQ("G", RTrim(m.IntLevel));
+    EXPECT_EQ("05/23/09", RTrim(m.BaptDate));
+    EXPECT_EQ(Att("1-3"), m.Attendance.str());
+}
