@@ -131,6 +131,23 @@ public:
     void mnuGlobal_Click();
     int AddMeeting = 1;          // the meeting of the cards in add mode
     long NotesWarnedAt = -1;     // record whose Notes caution was shown on this visit
+    // Nightly attendance, delete and restore, prayer requests, appointments.
+    void mnuAttendUpdate_Click();
+    void Attendance_Click();
+    void Class_MouseUp(int Button, int Shift, float X, float Y);
+    void mnuDeleteRecord_Click();
+    void btnDelete_Click();
+    void btnSDA_Click();
+    void btnSDA_MouseUp(int Button, int Shift, float X, float Y);
+    void munUndeleteRec_Click();
+    void btnUndelete_Click();
+    void ShowDeletedView();
+    void EnterPrayer();
+    void mnuViewPrayerList_Click();
+    void Form_KeyDown(int& KeyCode, int Shift) override;
+    void WireDoorScreens();
+    std::string DeleteTitle;     // tells a delete from a move to the member file
+    int PendingClass = -1;       // Class as the appointment dialog left it, against the click that follows
 
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);

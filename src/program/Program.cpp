@@ -2,6 +2,9 @@
 
 #include "edit/EditForm.h"
 #include "startup/frmSplash.h"
+#include "attend/AttendF.h"
+#include "attend/AttendFieldUpdate.h"
+#include "tables/AppointmentFm.h"
 
 Program::Program(host::Host& h, std::string appPath) : ProgramState(h, std::move(appPath)) {}
 
@@ -30,4 +33,24 @@ frmSplash& Program::Splash() {
 
 void Program::DropSplash() {
     if (splash_ && splash_->Loaded()) splash_->Unload();
+}
+
+AttendF& Program::Attend() {
+    if (!attend_) attend_ = std::make_unique<AttendF>(*this);
+    attend_->Load();
+    return *attend_;
+}
+
+bool Program::AttendLoaded() const { return attend_ && attend_->Loaded(); }
+
+AttendFieldUpdate& Program::AttendUpdate() {
+    if (!attendUpdate_) attendUpdate_ = std::make_unique<AttendFieldUpdate>(*this);
+    attendUpdate_->Load();
+    return *attendUpdate_;
+}
+
+AppointmentFm& Program::Appointment() {
+    if (!appointment_) appointment_ = std::make_unique<AppointmentFm>(*this);
+    appointment_->Load();
+    return *appointment_;
 }

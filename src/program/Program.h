@@ -8,6 +8,9 @@
 
 class EditForm;
 class frmSplash;
+class AttendF;
+class AttendFieldUpdate;
+class AppointmentFm;
 
 struct Program : ProgramState {
     Program(host::Host& host, std::string appPath);
@@ -21,11 +24,20 @@ struct Program : ProgramState {
     // while the operator reads it, so that opening a crusade only fills it.
     void PrepareEdit();
     void DropSplash();
+    AttendF& Attend();
+    bool AttendLoaded() const;
+    AttendFieldUpdate& AttendUpdate();
+    AppointmentFm& Appointment();
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
+    // The meeting whose heading the prayer file got last in this run.
+    int LastPrayerMeeting = 0;
 
 private:
     std::unique_ptr<EditForm> editForm_;
     std::unique_ptr<frmSplash> splash_;
+    std::unique_ptr<AttendF> attend_;
+    std::unique_ptr<AttendFieldUpdate> attendUpdate_;
+    std::unique_ptr<AppointmentFm> appointment_;
 };

@@ -308,7 +308,8 @@ bool FormView::Mouse(QObject* watched, QMouseEvent* e) {
     case QEvent::MouseButtonPress: host_.Call([&] { c->UserMouseDown(button, shift, x, y); }); break;
     case QEvent::MouseButtonRelease:
         host_.Call([&] { c->UserMouseUp(button, shift, x, y); });
-        if (Passive(kind) && button == forms::vbLeftButton && w->rect().contains(p.toPoint()))
+        // A text box clicks too (the attendance boxes open their dialog on a click).
+        if ((Passive(kind) || kind == Kind::TextBox) && button == forms::vbLeftButton && w->rect().contains(p.toPoint()))
             if (Control* still = ControlOf(watched)) host_.Call([still] { still->UserClick(); });
         break;
     case QEvent::MouseButtonDblClick: host_.Call([&] { c->UserDblClick(); }); break;

@@ -1,0 +1,260 @@
+// A night at the door: tickets keyed on the attendance screen, corrections, undo.
+#include <gtest/gtest.h>
+
+#include "attend/AttendF.h"
+#include "attend/AttendFieldUpdate.h"
+#include "platform/vb/Strings.h"
+#include "support/TestCrusade.h"
+
+using namespace forms;
+using vb::RTrim;
+
+namespace {
+std::string Att(const std::string& marks) { return vb::Left(marks + std::string(40, '-'), 40); }
+
+// Ten people at meeting 3; the door screen open on meeting 3.
+struct Door {
+    TestCrusade c;
+    AttendF* a = nullptr;
+    explicit Door(const std::string& meeting = "3") {
+        std::vector<MasterRecord> people = {
+            MakePerson("0012", "Ann", "Baker", Att("1")), MakePerson("0100", "Bob", "Bell", Att("12")),
+            MakePerson("0101", "Cy", "Adams", Att("1")),  MakePerson("0102", "Di", "Cole", Att("-2")),
+            MakePerson("0103", "Ed", "Brown", Att("1")),  MakePerson("0104", "Flo", "Burke", Att("1")),
+            MakePerson("0105", "Gus", "Cruz", Att("--3")), MakePerson("0106", "Hal", "Avery", Att("1")),
+            MakePerson("4567", "Ian", "Baker", Att("12")), MakePerson("0108", "Jo", "Dunn", Att("1"))};
+        people[3].Phone = "Unknown";
+        c.ShowOnEditScreen(people);
+        c.p.MeetingNumber = 3;
+        c.p.MemberList = {"", "7777" "Member         " "Mary           "};
+        c.p.MemberCount = 1;
+        c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", meeting);
+        c.p.Edit().mnuAttendUpdate_Click();
+        a = &c.p.Attend();
+    }
+    ~Door() { c.host.Verify(); }
+    void Key(const std::string& ticket) {
+        a->SearchBox.SetFocus();
+        a->SearchBox.SetText(ticket);
+        a->PressKey(vbKeyReturn);
+    }
+    bool Played(const std::string& tail) const {
+        for (const std::string& s : c.host.sounds)
+            if (s.size() >= tail.size() && s.compare(s.size() - tail.size(), tail.size(), tail) == 0) return true;
+        return false;
+    }
+};
+}  // namespace
+
+TEST(Door, AStackOfTicketsIsMarkedAndWritten) {
+    Door d;
+    AttendF& a = *d.a;
+    ASSERT_TRUE(d.c.p.AttendLoaded());
+    EXPECT_FALSE(d.c.p.Edit().Visible());
+    struct Step {
+        std::string typed;
+        int video;          // 1: Video selected
+        int decA;           // pending decision option, -1 none, -2 leave as it is
+        std::vector<int> answers;   // to the name questions
+        std::string entInd;
+        std::string ident;  // the start of SDAIdent
+        std::string sound;  // a wave file that must play, or ""
+        long record;        // record now on screen
+    };
+    const std::vector<Step> steps = {
+        {"0100", 0, -1, {}, "", "", "", 2},
+        {"100", 0, -2, {}, "?", "100 Not in file", "/S02.wav", 2},   // not padded: 0100 is not "100"
+        {"12", 0, -2, {}, "?", "12 Not in file", "/S02.wav", 2},
+        {"98760012", 0, -2, {}, "", "", "", 1},                      // a long ticket by its last four digits
+        {"bak", 0, -2, {host::vbNo, host::vbYes}, "", "", "", 9},
+        {"0101", 1, -2, {}, "", "", "", 3},
+        {"0103", 1, 1, {}, "", "", "", 5},                           // the letter wins over Video
+        {"0104", 0, -2, {}, "", "", "", 6},                          // and stays in force
+        {"0100", 0, -1, {}, "E", "", "", 2},                         // the same ticket again
+        {"7777", 0, -2, {}, "SDA", "7777 M. Member", "chimes.wav", 2},
+        {"ba", 0, -2, {}, "?", "BA Not in file", "/S02.wav", 2},     // two letters find nobody
+        {"cole", 0, -2, {host::vbCancel}, "", "", "", 2},
+        {"0102", 0, -2, {}, "", "", "/ring.wav", 4},
+    };
+    for (const Step& s : steps) {
+        d.c.host.sounds.clear();
+        a.optVid[s.video].SetValue(true);
+        if (s.decA == -1 && a.PendingDecision != "-") {
+            a.DecA[0].UserMouseDown(vbLeftButton, 0, 0, 0);
+            for (int i = 0; i <= 8; ++i) ASSERT_FALSE(a.DecA[i].Value());
+        } else if (s.decA >= 0) {
+            a.DecA[s.decA].UserMouseDown(vbLeftButton, 0, 0, 0);
+            a.DecA[s.decA].UserClick();
+        }
+        for (int answer : s.answers) d.c.host.ExpectBox("Is this the Correct Name?", answer, "Searching for Last Name");
+        d.Key(s.typed);
+        EXPECT_EQ(s.entInd, a.EntInd.Text()) << s.typed;
+        EXPECT_EQ(s.ident, a.SDAIdent.Text().substr(0, s.ident.size())) << s.typed;
+        EXPECT_EQ(s.record, d.c.p.RecordPos) << s.typed;
+        if (!s.sound.empty()) {
+            EXPECT_TRUE(d.Played(s.sound)) << s.typed;
+        }
+        EXPECT_EQ("", a.SearchBox.Text());
+    }
+    EXPECT_EQ(vbRed, a.Phone.BackColor());
+    EXPECT_EQ("Attendance: 7", a.Caption());
+
+    struct Disk { long n; std::string attendance; std::string attend; int last; };
+    for (const Disk& r : std::vector<Disk>{{1, Att("1-3"), "2", 3}, {2, Att("123"), "3", 3}, {3, Att("1-V"), "2", 3},
+                                           {4, Att("-23"), "2", 3}, {5, Att("1-S"), "2", 3}, {6, Att("1-S"), "2", 3},
+                                           {7, Att("--3"), "1", 3}, {8, Att("1"), "1", 1}, {9, Att("123"), "3", 3},
+                                           {10, Att("1"), "1", 1}}) {
+        MasterRecord m = d.c.ReadRecord(r.n);
+        EXPECT_EQ(r.attendance, m.Attendance.str()) << r.n;
+        EXPECT_EQ(r.attend, RTrim(m.Attend)) << r.n;
+        EXPECT_EQ(r.last, m.Last) << r.n;
+    }
+    // Leaving puts the edit screen back on the person last keyed, as written.
+    a.PressKey(vbKeyEscape);
+    EXPECT_FALSE(d.c.p.AttendLoaded());
+    EXPECT_TRUE(d.c.p.Edit().Visible());
+    EXPECT_EQ(Att("-23"), d.c.p.Edit().Attendance.Text());
+}
+
+TEST(Door, UndoAsksAboutTheDecisionsItMayHaveEntered) {
+    Door d;
+    AttendF& a = *d.a;
+    a.ED[0].SetValue(vbChecked);   // "Accept Christ" on every name keyed
+    d.Key("0100");
+    EXPECT_EQ(vbChecked, a.Dec[0].Value());
+    EXPECT_EQ("C--------", RTrim(d.c.ReadRecord(2).Decisions));
+    d.c.host.ExpectBox("Do you want to undo the Accept Christ decision now?", host::vbYes,
+                       "Remove the Accept Christ Decision?", host::vbYesNo);
+    a.Undo.UserClick();
+    EXPECT_EQ(Att("12"), d.c.ReadRecord(2).Attendance.str());
+    EXPECT_EQ(vbUnchecked, a.Dec[0].Value());
+    EXPECT_EQ("Attendance Update", a.Caption());
+    a.NextRecord_Button.UserClick();   // the undone decision reaches the disk with the next save
+    EXPECT_EQ("---------", RTrim(d.c.ReadRecord(2).Decisions));
+
+    // The only mark taken away keeps the meeting as the last one, with no total.
+    a.ED[0].SetValue(vbUnchecked);
+    d.Key("0105");
+    EXPECT_EQ("E", a.EntInd.Text());
+    a.Undo.UserClick();
+    MasterRecord m = d.c.ReadRecord(7);
+    EXPECT_EQ(Att(""), m.Attendance.str());
+    EXPECT_EQ(3, m.Last);
+    EXPECT_EQ("0", RTrim(m.Attend));
+}
+
+TEST(Door, TheMeetingBoxTakesOnlyAMeeting) {
+    Door d;
+    AttendF& a = *d.a;
+    for (const std::string bad : {"abc", "41", "0", ""}) {
+        a.MtgNum.SetFocus();
+        a.MtgNum.SetText(bad);
+        d.c.host.ExpectBox("The Meeting Number must be a number from 1 to 40.", host::vbOK, "Meeting Number");
+        a.SearchBox.SetFocus();
+        EXPECT_EQ("3", a.MtgNum.Text()) << bad;
+    }
+    // Past the counter: the counter rises when the box is left, and the ticket marks meeting 5.
+    a.MtgNum.SetFocus();
+    a.MtgNum.SetText("5");
+    a.PressKey(vbKeyReturn, 0, vbKeyReturn);
+    EXPECT_EQ(5, d.c.p.MeetingNumber);
+    d.Key("0012");
+    EXPECT_EQ(Att("1---5"), d.c.ReadRecord(1).Attendance.str());
+    // Stepped down to 0 the box holds no meeting: the ticket is refused and nobody is marked.
+    a.MtgNum.SetText("1");
+    d.c.host.ExpectBox("You have just changed the meeting number");
+    a.btnVScrollDn.UserClick();
+    EXPECT_EQ("0", a.MtgNum.Text());
+    d.c.host.ExpectBox("The Meeting Number must be a number from 1 to 40.");
+    d.Key("0100");
+    EXPECT_EQ(Att("12"), d.c.ReadRecord(2).Attendance.str());
+}
+
+TEST(Door, TheCorrectionDialogRefusesAndFills) {
+    Door d;
+    AttendF& a = *d.a;
+    d.Key("0105");   // Gus: meeting 3 only
+    struct Click { int atd; std::string box; std::string after; };
+    const std::vector<Click> clicks = {
+        {2, "You must show at least one meeting attended.", Att("--3")},   // the only mark stays
+        {4, "greater than the Last Meeting Number", Att("--3")},           // above the counter
+        {0, "", Att("1-3")},
+        {2, "", Att("1")},
+    };
+    d.c.host.OnModal("AttendFieldUpdate", [&](Form& f) {
+        auto& u = static_cast<AttendFieldUpdate&>(f);
+        EXPECT_EQ("Gus Cruz", u.lblName.Caption());
+        for (const Click& k : clicks) {
+            if (!k.box.empty()) d.c.host.ExpectBox(k.box, host::vbOK, "Attendance Update");
+            u.ATD[k.atd].UserClick();
+            EXPECT_EQ(k.after, u.Attendance.Text()) << k.atd;
+        }
+        d.c.host.ExpectBox("Do you want to fill the attendance record", host::vbYes);
+        u.btnFill.UserClick();
+        EXPECT_EQ(Att("123"), u.Attendance.Text());
+        EXPECT_EQ("3", u.Attend.Caption());
+        d.c.host.ExpectBox("Do you want to erase the attendance record", host::vbYes);
+        u.btnClearAttend.UserClick();
+        EXPECT_EQ(Att("--3"), u.Attendance.Text());
+        u.optAtDe[5].UserMouseDown(vbLeftButton, 0, 0, 0);
+        u.optAtDe[5].UserClick();
+        u.optAtDe[5].UserMouseUp(vbLeftButton, 0, 0, 0);
+        u.ATD[1].UserClick();
+        EXPECT_EQ(Att("-B3"), u.Attendance.Text());
+        u.ExitAttendUpdate.UserClick();
+    });
+    a.Attendance.UserClick();
+    // Back on the door screen the new string stays until the next save writes it.
+    d.c.p.host.ActivateForm(&a);
+    EXPECT_EQ(Att("-B3"), a.Attendance.Text());
+    a.NextRecord_Button.UserClick();
+    MasterRecord m = d.c.ReadRecord(7);
+    EXPECT_EQ(Att("-B3"), m.Attendance.str());
+    EXPECT_EQ("2", RTrim(m.Attend));
+}
+
+TEST(Door, TheStartCommandOpensNothingOnARefusal) {
+    TestCrusade c;
+    EditForm& e = c.ShowOnEditScreen({MakePerson("0012", "Ann", "Baker"), MakePerson("0100", "Bob", "Bell")});
+    c.p.MeetingNumber = 3;
+    struct Row { std::string answer; std::string box; int reply; };
+    for (const Row& r : std::vector<Row>{{"", "", 0},                                   // Cancel
+                                         {"41", "You must select a Meeting Number between 1 and 40", host::vbOK},
+                                         {"6", "Is this what you want to do?", host::vbNo}}) {   // a skipped night
+        c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", r.answer);
+        if (!r.box.empty()) c.host.ExpectBox(r.box, r.reply);
+        e.mnuAttendUpdate_Click();
+        EXPECT_FALSE(c.p.AttendLoaded()) << r.answer;
+        EXPECT_EQ(3, c.p.MeetingNumber) << r.answer;
+    }
+    // A list left empty (a filter that kept nobody) has nobody to mark.
+    c.p.IndexCount = 0;
+    c.host.ExpectBox("There is nobody in the file to take attendance for.");
+    e.btnAttend.UserClick();
+    EXPECT_FALSE(c.p.AttendLoaded());
+}
+
+TEST(Door, CorrectionsOnTheCardFollowTheEditScreensRulesAndReachTheDisk) {
+    Door d;
+    AttendF& a = *d.a;
+    d.Key("0012");
+    d.c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
+    a.IntLevel.SetText("x");
+    EXPECT_EQ("", a.IntLevel.Text());
+    a.BaptDate.SetFocus();
+    struct Key { std::string before; int key; std::string after; };
+    for (const Key& k : std::vector<Key>{{"01/31/26", 187, "02/01/26"}, {"03/10/26", 189, "03/09/26"},
+                                         {"", 'P', "05/23/09"}}) {
+        a.BaptDate.SetText(k.before);
+        a.PressKey(k.key);
+        EXPECT_EQ(k.after, a.BaptDate.Text()) << k.before;
+    }
+    EXPECT_EQ("A", a.IntLevel.Text());
+    a.Baptized.UserClick();
+    EXPECT_EQ("G", a.IntLevel.Text());
+    a.NextRecord_Button.UserClick();
+    MasterRecord m = d.c.ReadRecord(1);
+    EXPECT_EQ("G", RTrim(m.IntLevel));
+    EXPECT_EQ("05/23/09", RTrim(m.BaptDate));
+    EXPECT_EQ(Att("1-3"), m.Attendance.str());
+}

@@ -1,0 +1,165 @@
+// Delete, restore and the move to the members; prayer requests; appointments.
+#include <gtest/gtest.h>
+
+#include "attend/AttendF.h"
+#include "edit/CardCrusade.h"
+#include "edit/Navigate.h"
+#include "platform/vb/Strings.h"
+#include "tables/AppointmentFm.h"
+
+using namespace forms;
+using vb::RTrim;
+
+namespace {
+// On the edit screen: Adams, Avery, Baker, Bell, Brown, Burke, Cole, Cruz.
+void ShowAt(CardCrusade& f, int index) {
+    f.c.p.CurrentIndex = index;
+    ASSERT_TRUE(FetchCurrentRecord(f.c.p));
+    f.e->ShowRecord();
+}
+const char* const MoveTitle = "                     Remove SDA Names";
+}  // namespace
+
+TEST(DeleteAndRestore, TwoQuestionsThenTheDeletedViewBringsThePersonBack) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    ShowAt(f, 3);   // Ann Baker, record 1
+    struct Try { std::vector<int> answers; bool deleted; };
+    for (const Try& t : std::vector<Try>{{{host::vbNo}, false}, {{host::vbYes, host::vbNo}, false},
+                                         {{host::vbYes, host::vbYes}, true}}) {
+        f.c.host.ExpectBox("Are you sure you want to remove this record from the INTEREST file?", t.answers[0],
+                           "Delete Record", host::vbYesNo | host::vbCritical);
+        if (t.answers.size() > 1)
+            f.c.host.ExpectBox("This is your last chance to back out.", t.answers[1], "Delete Record");
+        e.btnDelete.UserClick();
+        EXPECT_EQ(t.deleted ? "##" : "00", f.c.ReadRecord(1).WorkerCode.str());
+        EXPECT_EQ(t.deleted ? 7 : 8, p.IndexCount);
+        EXPECT_EQ(t.deleted ? "Bell" : "Baker", e.LName.Text());
+    }
+    EXPECT_TRUE(f.Played("carbrake"));
+
+    // The deleted view, as the list of deleted people leaves it.
+    p.SortName = "undelete";
+    p.SortIndex = {"", "0012BAKERAN   1"};
+    p.IndexCount = 1;
+    e.ShowDeletedView();
+    EXPECT_EQ("Baker", e.LName.Text());
+    EXPECT_TRUE(e.btnUndelete.Visible());
+    EXPECT_FALSE(e.btnDelete.Visible());
+    EXPECT_FALSE(e.mnuFile.Enabled());
+    f.c.host.ExpectBox("Are you sure you want to restore this record to the file?", host::vbYes, "Delete Record ");
+    f.c.host.ExpectBox("The Record for Ann Baker has been successfully restored to the INTEREST file.");
+    e.btnUndelete.UserClick();
+    EXPECT_EQ("00", f.c.ReadRecord(1).WorkerCode.str());
+    EXPECT_EQ(8, p.IndexCount);
+    EXPECT_EQ("Baker", e.LName.Text());
+    EXPECT_TRUE(e.btnDelete.Visible());
+    EXPECT_TRUE(e.mnuFile.Enabled());
+}
+
+TEST(DeleteAndRestore, AMoveLeavesADeletedRecordAndAMemberLine) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    ShowAt(f, 4);   // Bob Bell, record 2
+    f.c.host.ExpectBox("         0100  Bob Bell\r\nand add the name and number to the SDA members File.", host::vbYes,
+                       MoveTitle, host::vbYesNo);
+    f.c.host.ExpectBox("INTEREST file?\r\nand add it to the SDA MEMBER File?", host::vbYes, MoveTitle);
+    e.btnSDA.UserClick();
+    EXPECT_EQ("##", f.c.ReadRecord(2).WorkerCode.str());
+    EXPECT_EQ("0100Bell           Bob            \r\n", f.c.ReadFile(p.CrusadeFile("mem")));
+    EXPECT_EQ(7, p.IndexCount);
+    EXPECT_EQ("", e.DeleteTitle);
+
+    // Refused: the door screen open, and the last entry of a list.
+    p.ScratchValue = "3";
+    p.Attend();
+    f.c.host.ExpectBox("You cannot delete a record while the Attendance form is open.");
+    e.mnuDeleteRecord.UserClick();
+    p.Attend().Unload();
+    p.IndexCount = 1;
+    f.c.host.ExpectBox("You Cannot Delete the Last Record from the File.");
+    e.mnuDeleteRecord.UserClick();
+    EXPECT_EQ(1, p.IndexCount);
+    EXPECT_EQ("00", f.c.ReadRecord(4).WorkerCode.str());
+}
+
+TEST(Prayer, TwoMeetingsGetTheirHeadingsAndOnlyTheFirstCommaGoes) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    Program& p = f.c.p;
+    p.MeetingNumber = 2;
+    const std::string ask = "Type in the Request below.";
+    f.c.host.ExpectInput(ask, "Pray for her mother, sister, and job");
+    e.btnPrayer.UserClick();
+    f.c.host.ExpectInput(ask, "");   // nothing written
+    e.btnPrayer.UserClick();
+    f.c.host.ExpectInput(ask, "Second one");
+    e.mnuEnterPrayerRequest.UserClick();
+    p.MeetingNumber = 3;
+    ShowAt(f, 2);
+    f.c.host.ExpectInput(ask, "New job");
+    e.btnPrayer.UserClick();
+    const std::string path = f.c.appPath + "/data/Spring_prayer.txt";
+    EXPECT_EQ("PRAYER REQUESTS AND COMMENTS FOR: Fall Meeting\r\n\r\n"
+              "\r\nPRAYER REQUESTS AND COMMENTS FOR MEETING: 2\r\n"
+              "    0101  Cy Adams- Pray for her mother- sister, and job\r\n"
+              "    0101  Cy Adams- Second one\r\n"
+              "\r\nPRAYER REQUESTS AND COMMENTS FOR MEETING: 3\r\n"
+              "    0106  Hal Avery- New job\r\n",
+              f.c.ReadFile(path));
+    e.mnuViewPrayerList.UserClick();
+    EXPECT_EQ(path, f.c.host.opened.back());
+    f.c.host.openResult = 2;
+    f.c.host.ExpectBox("There are no Prayer Requests to view.");
+    e.mnuViewPrayerList.UserClick();
+}
+
+TEST(Appointment, ClicksMakeTheCodeInVisits) {
+    CardCrusade f;
+    EditForm& e = *f.e;
+    struct Row {
+        std::string before;
+        int day, hour;       // -1: not chosen
+        bool unspecified;
+        std::string after;
+        int classAfter;
+        std::string box;     // a refusal shown, then Cancel
+    };
+    const std::vector<Row> rows = {
+        {"h07", 1, 8, false, "h07A24", vbChecked, ""},                // Monday 4:00
+        {"h07A24", 2, 0, false, "h07A3a", vbChecked, ""},              // replaced where it stands
+        {"h01h02h03h04", 1, 8, false, "h02h03h04A24", vbChecked, ""},  // the oldest visit falls off
+        {"h07", -1, -1, true, "h07A00", vbChecked, ""},
+        {"h07A24m08", -1, -1, false, "h07m08", vbUnchecked, ""},       // nothing chosen: no appointment
+        {"h07", 3, -1, false, "h07", vbChecked, "Choose both a day and a time"},
+    };
+    for (const Row& r : rows) {
+        e.Visits.SetText(r.before);
+        e.Class.SetValue(vbChecked);
+        f.c.host.OnModal("AppointmentFm", [&](Form& form) {
+            auto& a = static_cast<AppointmentFm&>(form);
+            if (r.before.find("A24") != std::string::npos) {
+                EXPECT_TRUE(a.optAptDay[1].Value() && a.optAptTime[8].Value()) << r.before;
+                EXPECT_EQ("Monday: 4:00pm", a.lblApt.Caption());
+            }
+            for (int i = 0; i < 7; ++i) a.optAptDay[i].SetValue(i == r.day);
+            for (int i = 0; i < 14; ++i) a.optAptTime[i].SetValue(i == r.hour);
+            a.btnUnspecified.SetValue(r.unspecified ? vbChecked : vbUnchecked);
+            if (!r.box.empty()) {
+                f.c.host.ExpectBox(r.box);
+                a.btnSave.UserClick();
+                a.btnCancelApt.UserClick();
+            } else {
+                a.btnSave.UserClick();
+            }
+        });
+        e.Class.UserMouseDown(vbLeftButton, 0, 0, 0);
+        e.Class.UserMouseUp(vbLeftButton, 0, 0, 0);
+        e.Class.UserClick();   // the desktop's click after the release
+        EXPECT_EQ(r.after, e.Visits.Text()) << r.before;
+        EXPECT_EQ(r.classAfter, e.Class.Value()) << r.before;
+        EXPECT_EQ("Appointment", f.c.p.CallerForm);
+    }
+}
