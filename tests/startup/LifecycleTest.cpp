@@ -85,9 +85,12 @@ TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExi
         e.mnuEditMode_Click();
     }
     c.host.ExpectBox("You must save at least one record to exit the program.")
-        .ExpectBox("There are no records in the file.");
+        .ExpectBox("There are no records in the file.\r\nThis file will be deleted and you must start over with "
+                   "another new file next time you start Vestrel",
+                   host::vbOK, "Exit Vestrel", host::vbCritical);
     EXPECT_THROW(e.mnuExit_Click(), host::EndProgram);
     EXPECT_FALSE(vb::FileExists(c.dataFile));
+    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
     EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
 }
 
@@ -315,7 +318,8 @@ TEST(Lifecycle, AnInformationFileThatCannotBeSavedHandsOutNoNumber) {
     EXPECT_EQ(9990, c.p.LastRNum);
 }
 
-TEST(Lifecycle, TheTestHostFailsOnBoxesNeverShownAndUnbalancedBusyPointers) {
+TEST(Lifecycle, TheTestHostFailsOnBoxesNeverShownOrUnexpectedAndUnbalancedBusyPointers) {
+    EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.MsgBox("Surprise!", host::vbOKOnly, ""); }, "Surprise!");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.ExpectBox("never comes"); }, "\"never comes\" was never shown");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.SetBusy(true); }, "busy pointer was set 1 more");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.SetBusy(false); }, "put back without being set");

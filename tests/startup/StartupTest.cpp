@@ -73,10 +73,9 @@ TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
     ASSERT_TRUE(shown);
     EditForm& e = p.Edit();
     EXPECT_TRUE(e.Visible());
-    EXPECT_EQ("Adams", e.LName.Text());
-    EXPECT_EQ("1 of 2", e.RecordCounter.Caption());
-    EXPECT_EQ("Vestrel Edit Screen: Spring Crusade (Meeting # 2)", e.Caption());
-    EXPECT_EQ("edit", p.CallerForm);
+    EXPECT_EQ((std::vector<std::string>{"Adams", "1 of 2", "Vestrel Edit Screen: Spring Crusade (Meeting # 2)",
+                                        "edit"}),
+              (std::vector<std::string>{e.LName.Text(), e.RecordCounter.Caption(), e.Caption(), p.CallerForm}));
     e.ChgRec_Click(2);
     EXPECT_EQ("Zeller", e.LName.Text());
     c.host.sounds.clear();
@@ -101,20 +100,4 @@ TEST(Startup, SettingsFileDamagedOrShortLoadsWhatItCan) {
     LoadSettings(c.p);
     EXPECT_EQ("", c.p.DataFile);   // no such file: the no-file case
     EXPECT_EQ("", c.p.DataFolder);
-}
-
-TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
-    TestCrusade c;
-    c.WriteRecords({});
-    ASSERT_TRUE(SaveInfo(c.p));
-    SaveSettings(c.p);
-    c.p.IsNewFile = true;
-    c.p.Loaded = true;
-    c.host.ExpectBox("There are no records in the file.\r\nThis file will be deleted and you must start over with "
-                     "another new file next time you start Vestrel",
-                     host::vbOK, "Exit Vestrel", host::vbCritical);
-    EXPECT_THROW(CloseCrusade(c.p), host::EndProgram);
-    EXPECT_FALSE(vb::FileExists(c.dataFile));
-    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
-    EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
 }
