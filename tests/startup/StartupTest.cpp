@@ -101,3 +101,19 @@ TEST(Startup, SettingsFileDamagedOrShortLoadsWhatItCan) {
     EXPECT_EQ("", c.p.DataFile);   // no such file: the no-file case
     EXPECT_EQ("", c.p.DataFolder);
 }
+
+TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
+    TestCrusade c;
+    c.WriteRecords({});
+    ASSERT_TRUE(SaveInfo(c.p));
+    SaveSettings(c.p);
+    c.p.IsNewFile = true;
+    c.p.Loaded = true;
+    c.host.ExpectBox("There are no records in the file.\r\nThis file will be deleted and you must start over with "
+                     "another new file next time you start Vestrel",
+                     host::vbOK, "Exit Vestrel", host::vbCritical);
+    EXPECT_THROW(CloseCrusade(c.p), host::EndProgram);
+    EXPECT_FALSE(vb::FileExists(c.dataFile));
+    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
+    EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
+}
