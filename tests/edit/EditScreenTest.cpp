@@ -101,8 +101,9 @@ TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
         f.c.host.sounds.clear();
         e.ChgRec_MouseUp(r.arrow, r.button, 0, 0, 0);
         EXPECT_EQ(r.to, p.CurrentIndex) << r.from << " " << r.arrow;
-        if (r.button == vbRightButton && std::string(r.sortName) == "alpha")
+        if (r.button == vbRightButton && std::string(r.sortName) == "alpha") {
             EXPECT_EQ(r.clunk ? 1u : 0u, f.c.host.sounds.size()) << r.from << " " << r.arrow;
+        }
     }
     EXPECT_EQ("Avery", e.LName.Text());   // the last move that was made
 }
