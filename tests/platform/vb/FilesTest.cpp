@@ -92,6 +92,10 @@ TEST_F(Files, EofAndAFileCutShort) {
     }
     Spit("empty.txt", "");
     EXPECT_TRUE(TextReader(P("empty.txt")).Eof());
+    Spit("lf.txt", "a\r\n\n");
+    TextReader lf(P("lf.txt"));
+    lf.LineInput();
+    EXPECT_TRUE(lf.Eof());
 
     TextReader r;
     const std::pair<std::string, int> opens[] = {
