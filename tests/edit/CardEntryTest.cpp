@@ -16,16 +16,11 @@ struct Card {
     Program& p = c.p;
     EditForm* e = nullptr;
     Card() {
-        c.WriteRecords({MakePerson("0001", "Pat", "Adams"), MakePerson("0002", "Lou", "Baker"),
-                        MakePerson("0003", "Sam", "Cole")});
-        p.Loaded = true;
-        c.Open();
-        p.SoundOn = true;
+        e = &c.ShowOnEditScreen({MakePerson("0001", "Pat", "Adams"), MakePerson("0002", "Lou", "Baker"),
+                                 MakePerson("0003", "Sam", "Cole")});
         p.LastRNum = 100;
         p.ZipCount = 1;
         p.ZipList[1] = "62701     IL07Springfield       4";
-        e = &p.Edit();
-        c.host.sounds.clear();
     }
     ~Card() { c.host.Verify(); }
     void Enter() { e->PressKey(vbKeyReturn, 0, vbKeyReturn); }
@@ -317,9 +312,8 @@ TEST(CardEntry, PreCrusadeGuestFillsTheCard) {
     f.Enter();
     f.Type("hill");
     f.Enter();
-    EXPECT_EQ("4 Elm #7", e.Address.Text());
-    EXPECT_EQ("N...P..", e.Advertising.Text());
-    EXPECT_EQ("NIF", e.Age.Text());
+    EXPECT_EQ((std::vector<std::string>{"4 Elm #7", "N...P..", "NIF"}),
+              (std::vector<std::string>{e.Address.Text(), e.Advertising.Text(), e.Age.Text()}));
     EXPECT_EQ(&e.Age, e.ActiveControl());
     EXPECT_TRUE(f.Played("S01.wav"));
     // A file that is not whole records is not read, and said once.

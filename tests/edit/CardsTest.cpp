@@ -42,12 +42,11 @@ TEST(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
 
     ASSERT_EQ(9, f.c.RecordsOnDisk());
     MasterRecord r = f.c.ReadRecord(9);
-    EXPECT_EQ("9998", r.RNum.str());   // numbers fall from 9999
-    EXPECT_EQ("O'neil", RTrim(r.LName));
-    EXPECT_EQ("12 Oak St #2B", RTrim(r.Address));
-    EXPECT_EQ("N.....I-Smith", RTrim(r.Advertising));
-    EXPECT_EQ("met at the door twice  brought a friend", RTrim(r.Notes));
-    EXPECT_EQ("-2--------------------------------------", r.Attendance.str());
+    // Numbers fall from 9999.
+    EXPECT_EQ((std::vector<std::string>{"9998", "O'neil", "12 Oak St #2B", "N.....I-Smith",
+                                        "met at the door twice  brought a friend", "-2" + std::string(38, '-')}),
+              (std::vector<std::string>{r.RNum.str(), RTrim(r.LName), RTrim(r.Address), RTrim(r.Advertising),
+                                        RTrim(r.Notes), r.Attendance.str()}));
     EXPECT_EQ(2, r.Last);
     EXPECT_EQ(-1, r.MailList);
     EXPECT_EQ(p.MasterRec, p.PreviousRec);   // F2 and F3 copy from the card just saved

@@ -118,9 +118,8 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     e.IntLevel.SetText("A");
     e.ChgRec_Click(2);
     MasterRecord saved = f.c.ReadRecord(3);
-    EXPECT_EQ("CS-------", RTrim(saved.Decisions));
-    EXPECT_EQ("A", saved.IntLevel.str());
-    EXPECT_EQ("11/22/26", saved.BaptDate.str());
+    EXPECT_EQ((std::vector<std::string>{"CS-------", "A", "11/22/26"}),
+              (std::vector<std::string>{RTrim(saved.Decisions), saved.IntLevel.str(), saved.BaptDate.str()}));
     p.MasterRec.IntLevel = "z";   // a damaged record is shown without a box
     e.ShowRecord();
     EXPECT_EQ("Z", e.IntLevel.Text());

@@ -70,48 +70,42 @@ TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
         p.SortName = r.sortName;
         e.SetupScreen("given");
         EXPECT_EQ(r.label, e.EditLabel.Caption()) << r.sortName;
-        std::vector<Control*> lit = f.Highlighted();
-        std::vector<Control*> want = r.lit;
-        auto byAddr = [](Control* a, Control* b) { return a < b; };
-        std::sort(lit.begin(), lit.end(), byAddr);
-        std::sort(want.begin(), want.end(), byAddr);
+        std::vector<Control*> lit = f.Highlighted(), want = r.lit;
+        std::sort(lit.begin(), lit.end());
+        std::sort(want.begin(), want.end());
         EXPECT_EQ(want, lit) << r.sortName;
     }
     p.PrintCutOff = 5;
     p.SortName = "alphafilter";
     e.SetupScreen("");
-    EXPECT_EQ("Alphabetical List\r\nLast Mtg >5", e.EditLabel.Caption());
-    EXPECT_EQ("1 of 10", e.RecordCounter.Caption());
-    EXPECT_EQ("Vestrel Edit Screen: Fall Crusade (Meeting # 1)", e.Caption());
+    EXPECT_EQ((std::vector<std::string>{"Alphabetical List\r\nLast Mtg >5", "1 of 10",
+                                        "Vestrel Edit Screen: Fall Crusade (Meeting # 1)"}),
+              (std::vector<std::string>{e.EditLabel.Caption(), e.RecordCounter.Caption(), e.Caption()}));
 }
 
 TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
     EditFixture f;
     Program& p = f.c.p;
     EditForm& e = *f.e;
-    auto rightClick = [&](int index) { e.ChgRec_MouseUp(index, vbRightButton, 0, 0, 0); };
-    p.CurrentIndex = 1;
-    rightClick(2);   // from the A group to the first B
-    EXPECT_EQ(4, p.CurrentIndex);
-    EXPECT_EQ("Baker", e.LName.Text());
-    rightClick(2);   // on to the first C
-    EXPECT_EQ(8, p.CurrentIndex);
-    EXPECT_EQ(0u, f.c.host.sounds.size());
-    rightClick(2);   // inside the last group the walk ends on the last entry: refused
-    EXPECT_EQ(8, p.CurrentIndex);
-    EXPECT_EQ(1u, f.c.host.sounds.size());
-    p.CurrentIndex = 7;
-    rightClick(1);   // back from Burke to the last of the A group
-    EXPECT_EQ(3, p.CurrentIndex);
-    rightClick(1);   // the walk ends on 1: refused
-    EXPECT_EQ(3, p.CurrentIndex);
-    EXPECT_EQ(2u, f.c.host.sounds.size());
-    e.ChgRec_MouseUp(2, vbLeftButton, 0, 0, 0);   // only the right button jumps
-    EXPECT_EQ(3, p.CurrentIndex);
-    // A list kind without groups does not move.
-    p.SortName = "notes";
-    rightClick(2);
-    EXPECT_EQ(3, p.CurrentIndex);
+    // Right on Next from the A group goes to the first B, then the first C; inside the last group the
+    // walk ends on the last entry and Previous's on 1: refused. Only the right button jumps, and a
+    // list kind without groups does not move.
+    struct Row { int from, arrow, button; const char* sortName; int to; bool clunk; };
+    const Row rows[] = {{1, 2, vbRightButton, "alpha", 4, false}, {4, 2, vbRightButton, "alpha", 8, false},
+                        {8, 2, vbRightButton, "alpha", 8, true},  {7, 1, vbRightButton, "alpha", 3, false},
+                        {3, 1, vbRightButton, "alpha", 3, true},  {3, 2, vbLeftButton, "alpha", 3, false},
+                        {3, 2, vbRightButton, "notes", 3, false}};
+    for (const Row& r : rows) {
+        p.CurrentIndex = r.from;
+        p.SortName = r.sortName;
+        f.c.host.sounds.clear();
+        e.ChgRec_MouseUp(r.arrow, r.button, 0, 0, 0);
+        EXPECT_EQ(r.to, p.CurrentIndex) << r.from << " " << r.arrow;
+        if (r.button == vbRightButton && std::string(r.sortName) == "alpha") {
+            EXPECT_EQ(r.clunk ? 1u : 0u, f.c.host.sounds.size()) << r.from << " " << r.arrow;
+        }
+    }
+    EXPECT_EQ("Avery", e.LName.Text());   // the last move that was made
 }
 
 TEST(EditScreen, WalkingMarkingAndGoingBack) {
@@ -156,10 +150,8 @@ TEST(EditScreen, ShowRecordColoursAndTheUndoCopy) {
     EXPECT_EQ(vbRed, e.Address.ForeColor());
     EXPECT_TRUE(e.Address.FontBold());
     EXPECT_EQ(vbRed, e.Phone.ForeColor());
-    EXPECT_EQ(vbChecked, e.Baptized.Value());
-    EXPECT_EQ(vbChecked, e.Dec[0].Value());
-    EXPECT_EQ(vbUnchecked, e.Dec[1].Value());
-    EXPECT_EQ(vbChecked, e.Dec[2].Value());
+    EXPECT_EQ((std::vector<int>{vbChecked, vbChecked, vbUnchecked, vbChecked}),
+              (std::vector<int>{e.Baptized.Value(), e.Dec[0].Value(), e.Dec[1].Value(), e.Dec[2].Value()}));
     EXPECT_EQ("", e.BaptDate.Text());
     EXPECT_EQ(p.MasterRec, p.UndoRec);
     p.MasterRec.Address = "Address Unknown";

@@ -29,17 +29,16 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
         if (usePrior) c.host.ExpectOpen("Create a New Crusade", c.p.CrusadeFile("inf"));
         SelectCrusade(c.p);
         c.host.Verify();
-        EXPECT_EQ("newfile", c.p.ScratchText);
         EXPECT_TRUE(c.p.IsNewFile);
         EXPECT_TRUE(c.p.AddMode);
-        EXPECT_EQ("Fresh", c.p.CrusadeName);
-        EXPECT_EQ(fresh, c.p.DataFile);
         EXPECT_EQ(1, c.p.MeetingNumber);
         EXPECT_EQ(9999, c.p.LastRNum);
-        EXPECT_EQ("", c.p.BackupPath);   // the splash path starts it afresh
         EXPECT_TRUE(vb::FileExists(fresh));
-        EXPECT_EQ(usePrior ? "Prior team:555" : "Team #  3", c.p.TeamNames[3]);
+        // The splash path starts the backup path afresh.
+        EXPECT_EQ((std::vector<std::string>{"newfile", "Fresh", fresh, ""}),
+                  (std::vector<std::string>{c.p.ScratchText, c.p.CrusadeName, c.p.DataFile, c.p.BackupPath}));
         EXPECT_EQ(usePrior ? "Prior church" : "Baptist", c.p.ReligionList[2]);
+        // Its information file holds the lists it started with.
         Program q(c.host, c.appPath);
         q.DataFile = fresh;
         LoadInfo(q);
@@ -51,8 +50,11 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
     }
 }
 
-TEST(Crusades, APriorMeetingWithoutItsFileStopsTheLoad) {
+TEST(Crusades, CancelOrAPriorMeetingWithoutItsFileStopsTheLoad) {
     TestCrusade c;
+    c.host.ExpectOpen("Create a New Crusade", "");
+    SelectCrusade(c.p);
+    EXPECT_EQ("NoFileSelected", c.p.ScratchText);
     c.host.ExpectOpen("Create a New Crusade", c.appPath + "/data/New.dta")
         .ExpectBox("prior meeting?", host::vbYes)
         .ExpectOpen("Create a New Crusade", c.appPath + "/data/Missing.inf");
@@ -62,13 +64,6 @@ TEST(Crusades, APriorMeetingWithoutItsFileStopsTheLoad) {
     EXPECT_FALSE(c.p.IsNewFile);
     EXPECT_EQ(5, c.p.MeetingNumber);
     EXPECT_FALSE(vb::FileExists(c.appPath + "/data/New.inf"));
-}
-
-TEST(Crusades, CancelInTheSplashDialogSelectsNothing) {
-    TestCrusade c;
-    c.host.ExpectOpen("Create a New Crusade", "");
-    SelectCrusade(c.p);
-    EXPECT_EQ("NoFileSelected", c.p.ScratchText);
 }
 
 TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
@@ -89,7 +84,6 @@ TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
     c.host.Verify();
     EXPECT_EQ("Annie", vb::RTrim(c.ReadRecord(1).FName));
     EXPECT_EQ("Bob", vb::RTrim(other.ReadRecord(1).FName));
-    EXPECT_EQ(second, c.p.DataFile);
     EXPECT_EQ("Second", e.LName.Text());
     EXPECT_EQ(2, c.p.IndexCount);
     // The first crusade was closed properly: its information file is there.
@@ -130,10 +124,8 @@ TEST(Crusades, ANameThatDoesNotExistAsksAndCreatesKeepingTheLists) {
     c.host.ExpectOpen("Create a New Crusade", fresh).ExpectBox("does not exist", host::vbYes);
     e.mnuChgCr_Click();
     c.host.Verify();
-    EXPECT_EQ(fresh, c.p.DataFile);
-    EXPECT_EQ("Brand", c.p.CrusadeName);
-    EXPECT_EQ("Kept:1", c.p.TeamNames[2]);
-    EXPECT_EQ("/media/stick", c.p.BackupPath);
+    EXPECT_EQ((std::vector<std::string>{fresh, "Brand", "Kept:1", "/media/stick"}),
+              (std::vector<std::string>{c.p.DataFile, c.p.CrusadeName, c.p.TeamNames[2], c.p.BackupPath}));
     EXPECT_TRUE(c.p.AddMode);
     EXPECT_EQ("1", e.MtgNum.Text());
     EXPECT_TRUE(vb::FileExists(fresh));

@@ -315,7 +315,8 @@ TEST(Lifecycle, AnInformationFileThatCannotBeSavedHandsOutNoNumber) {
     EXPECT_EQ(9990, c.p.LastRNum);
 }
 
-TEST(Lifecycle, TheTestHostFailsOnBoxesNeverShownAndUnbalancedBusyPointers) {
+TEST(Lifecycle, TheTestHostFailsOnBoxesNeverShownOrUnexpectedAndUnbalancedBusyPointers) {
+    EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.MsgBox("Surprise!", host::vbOKOnly, ""); }, "Surprise!");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.ExpectBox("never comes"); }, "\"never comes\" was never shown");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.SetBusy(true); }, "busy pointer was set 1 more");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.SetBusy(false); }, "put back without being set");

@@ -73,10 +73,9 @@ TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
     ASSERT_TRUE(shown);
     EditForm& e = p.Edit();
     EXPECT_TRUE(e.Visible());
-    EXPECT_EQ("Adams", e.LName.Text());
-    EXPECT_EQ("1 of 2", e.RecordCounter.Caption());
-    EXPECT_EQ("Vestrel Edit Screen: Spring Crusade (Meeting # 2)", e.Caption());
-    EXPECT_EQ("edit", p.CallerForm);
+    EXPECT_EQ((std::vector<std::string>{"Adams", "1 of 2", "Vestrel Edit Screen: Spring Crusade (Meeting # 2)",
+                                        "edit"}),
+              (std::vector<std::string>{e.LName.Text(), e.RecordCounter.Caption(), e.Caption(), p.CallerForm}));
     e.ChgRec_Click(2);
     EXPECT_EQ("Zeller", e.LName.Text());
     c.host.sounds.clear();

@@ -30,18 +30,16 @@ TEST(Attendance, DigitsActiveAndCurrent) {
     for (auto [n, d] : {std::pair{1, '1'}, {10, '0'}, {12, '2'}, {20, '0'}, {30, '0'}, {40, '0'}})
         EXPECT_EQ(LastDigit(n), d) << n;
 
-    MasterRecord r;
-    r.Attendance = "123-----";
-    CountAttendance(r);
-    EXPECT_EQ(r.Attend.str(), "3 ");
-    EXPECT_FALSE(IsActive(r));
-    r.Attendance = "1234";
-    CountAttendance(r);
-    EXPECT_TRUE(IsActive(r));
-    EXPECT_EQ(r.Last, 4);
-    EXPECT_TRUE(IsCurrent(r, 6));    // last is the meeting counter minus 2
-    EXPECT_FALSE(IsCurrent(r, 7));   // minus 3
-    r.Attendance = "1";
-    CountAttendance(r);
-    EXPECT_TRUE(IsCurrent(r, 2));    // below meeting 3 every attendee is current
+    // Active is more than three meetings; current is a last meeting above the counter minus 3,
+    // so below meeting 3 every attendee is current.
+    struct Row { const char* attendance; const char* attend; bool active; int meeting; bool current; };
+    for (const Row& w : {Row{"123-----", "3 ", false, 5, true}, Row{"1234", "4 ", true, 6, true},
+                         Row{"1234", "4 ", true, 7, false}, Row{"1", "1 ", false, 2, true}}) {
+        MasterRecord r;
+        r.Attendance = w.attendance;
+        CountAttendance(r);
+        EXPECT_EQ(w.attend, r.Attend.str()) << w.attendance;
+        EXPECT_EQ(w.active, IsActive(r)) << w.attendance;
+        EXPECT_EQ(w.current, IsCurrent(r, w.meeting)) << w.attendance << " at " << w.meeting;
+    }
 }

@@ -47,11 +47,8 @@ TEST(MasterRecord, FixedWidthCutsAndPadsAndClearKeepsAttendanceAndEmail) {
     r.Email = "kept@example.org";
     r.WorkerCode = "12";
     ClearRecord(r);
-    EXPECT_EQ(".......", vb::RTrim(r.Advertising));
-    EXPECT_EQ("00", r.WorkerCode.str());
-    EXPECT_EQ("---------   ", r.Decisions.str());
-    EXPECT_EQ("1-3", vb::RTrim(r.Attendance));
+    EXPECT_EQ((std::vector<std::string>{".......", "00", "---------", "1-3", "kept@example.org", ""}),
+              (std::vector<std::string>{vb::RTrim(r.Advertising), r.WorkerCode.str(), vb::RTrim(r.Decisions),
+                                        vb::RTrim(r.Attendance), vb::RTrim(r.Email), vb::RTrim(r.FName)}));
     EXPECT_EQ(3, r.Last);
-    EXPECT_EQ("kept@example.org", vb::RTrim(r.Email));
-    EXPECT_EQ(std::string(20, ' '), r.FName.str());
 }

@@ -53,14 +53,12 @@ TEST(Zips, TheTableStopsAt2000AndCountsPeople) {
     c.WriteFile(c.p.CrusadeFile("zps"), text);
     LoadZips(c.p);
     EXPECT_EQ(2000, c.p.ZipCount);
-    MasterRecord a = MakePerson("9998", "A", "Able");
-    a.Zip = "10001";
-    MasterRecord b = MakePerson("9997", "B", "Baker");
-    b.Zip = "10001";
-    MasterRecord gone = MakePerson("9996", "C", "Gone");
-    gone.Zip = "10001";
-    gone.WorkerCode = "##";
-    c.WriteRecords({a, b, gone});
+    // Two people in 10001 and one deleted there.
+    std::vector<MasterRecord> people = {MakePerson("9998", "A", "Able"), MakePerson("9997", "B", "Baker"),
+                                        MakePerson("9996", "C", "Gone")};
+    for (MasterRecord& r : people) r.Zip = "10001";
+    people[2].WorkerCode = "##";
+    c.WriteRecords(people);
     OpenRecordFile(c.p);
     CountZips(c.p);
     EXPECT_EQ("10001     IL07Town              2", c.p.ZipList[2]);

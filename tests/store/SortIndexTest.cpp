@@ -18,31 +18,26 @@ struct Fixture {
 };
 }  // namespace
 
-TEST(SortEntries, AlphaIgnoresNumberAndBreaksTiesByRecordNumber) {
-    Fixture f;
-    f.List({"9990SMITHJO  12", "9999ADAMSMA   3", "0001SMITHJO   2", "5000BROWNAL 100"});
-    SortEntries(f.p);
-    EXPECT_EQ((std::vector<std::string>{"9999ADAMSMA   3", "5000BROWNAL 100", "0001SMITHJO   2", "9990SMITHJO  12"}),
-              f.Sorted());
-}
-
-TEST(SortEntries, ByNumberComparesTheWholeEntry) {
-    Fixture f;
-    f.List({"9990SMITHJO  12", "0002ZZZZZZZ   3", "0001SMITHJO   2"}, "byNum");
-    SortEntries(f.p);
-    EXPECT_EQ("0001SMITHJO   2", f.p.SortIndex[1]);
-    EXPECT_EQ("0002ZZZZZZZ   3", f.p.SortIndex[2]);
-}
-
-TEST(SortEntries, AnAddModeEntryFirstNarrowsTheCompareToSevenCharacters) {
-    Fixture f;
-    // Width 7 from the 11-character entry: only the last three letters and the
-    // pointer of each name entry count, so ZZZZAAA sorts before AAAAZZZ.
-    f.List({"-------  20", "0001AAAAZZZ   5", "0002ZZZZAAA   6"});
-    SortEntries(f.p);
-    EXPECT_EQ("-------  20", f.p.SortIndex[1]);
-    EXPECT_EQ("0002ZZZZAAA   6", f.p.SortIndex[2]);
-    EXPECT_EQ("0001AAAAZZZ   5", f.p.SortIndex[3]);
+TEST(SortEntries, AlphaIgnoresTheNumberByNumberComparesAllAndAnAddModeEntryNarrowsTheCompare) {
+    using List = std::vector<std::string>;
+    struct Row { std::string sortName; List in, out; };
+    const Row rows[] = {
+        // Alpha: the number does not count, ties go by record number.
+        {"alpha", {"9990SMITHJO  12", "9999ADAMSMA   3", "0001SMITHJO   2", "5000BROWNAL 100"},
+         {"9999ADAMSMA   3", "5000BROWNAL 100", "0001SMITHJO   2", "9990SMITHJO  12"}},
+        {"byNum", {"9990SMITHJO  12", "0002ZZZZZZZ   3", "0001SMITHJO   2"},
+         {"0001SMITHJO   2", "0002ZZZZZZZ   3", "9990SMITHJO  12"}},
+        // Width 7 from the 11-character entry: only the last three letters and the
+        // pointer of each name entry count, so ZZZZAAA sorts before AAAAZZZ.
+        {"alpha", {"-------  20", "0001AAAAZZZ   5", "0002ZZZZAAA   6"},
+         {"-------  20", "0002ZZZZAAA   6", "0001AAAAZZZ   5"}},
+    };
+    for (const Row& r : rows) {
+        Fixture f;
+        f.List(r.in, r.sortName);
+        SortEntries(f.p);
+        EXPECT_EQ(r.out, f.Sorted()) << r.sortName;
+    }
 }
 
 TEST(SortEntries, ManyEntriesComeOutInOrderThroughTheGapRule) {
