@@ -132,6 +132,23 @@ public:
     int AddMeeting = 1;          // the meeting of the cards in add mode
     long NotesWarnedAt = -1;     // record whose Notes caution was shown on this visit
 
+    // The preview: the View Reports entries, the interest cards, and editing one
+    // person of the preview's list.
+    void mnuPreAlpha_Click();
+    void mnuPreviewFile_Click();
+    void mnuPreZipMaster_Click();
+    void mnuPreBap_Click();
+    void mnuPreInt_Click();
+    void mnuPreAddress_Click();
+    void mnuPreMailList_Click();
+    void mnuPreDec_Click();
+    void mnuICard_Click();
+    void EnterPreviewEdit();
+    void LeavePreviewEdit();
+    void WirePreview();
+    // Saves the person on screen and shows the preview on the list as it stands.
+    void OpenPreview();
+
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);
 

@@ -1,6 +1,7 @@
 #include "program/Program.h"
 
 #include "edit/EditForm.h"
+#include "reports/PrintReports.h"
 #include "startup/frmSplash.h"
 
 Program::Program(host::Host& h, std::string appPath) : ProgramState(h, std::move(appPath)) {}
@@ -24,3 +25,11 @@ frmSplash& Program::Splash() {
 void Program::DropSplash() {
     if (splash_ && splash_->Loaded()) splash_->Unload();
 }
+
+PrintReports& Program::Reports() {
+    if (!reports_) reports_ = std::make_unique<PrintReports>(*this);
+    reports_->Load();
+    return *reports_;
+}
+
+bool Program::ReportsLoaded() const { return reports_ && reports_->Loaded(); }

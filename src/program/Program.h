@@ -8,6 +8,7 @@
 
 class EditForm;
 class frmSplash;
+class PrintReports;
 
 struct Program : ProgramState {
     Program(host::Host& host, std::string appPath);
@@ -18,6 +19,8 @@ struct Program : ProgramState {
     frmSplash& Splash();
     bool EditLoaded() const;
     void DropSplash();
+    PrintReports& Reports();
+    bool ReportsLoaded() const;
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
@@ -25,4 +28,5 @@ struct Program : ProgramState {
 private:
     std::unique_ptr<EditForm> editForm_;
     std::unique_ptr<frmSplash> splash_;
+    std::unique_ptr<PrintReports> reports_;
 };
