@@ -25,7 +25,7 @@ struct CardGeometry {
     static constexpr float RowPitch = 5.08f;
     static constexpr float RightOffset = 5.0f;    // the right half of a card
     static constexpr float NumberOffset = 7.0f;   // the registration number on the name line
-    static constexpr float TextRoom = 9.8f;       // the card's width from its text column
+    static constexpr float TextRoom = 9.4f;       // what a card holds from its text column
     float firstRowY = 1.0f;
     std::array<float, 2> columnX{};
     static CardGeometry For(const ProgramState& p);
