@@ -159,6 +159,7 @@ void PrintReports::Layout() {
     for (int i = 0; i <= 1; ++i) Place(optSortOpt[i], 10 + 140 * i, 20, 130, 20, &Frame3);
     optSortOpt[0].SetCaption("Alphabet");
     optSortOpt[1].SetCaption("Attend");
+    optSortOpt[1].SetVisible(true);
 
     Place(Label3, 698, 166, 110, 18);
     Place(PrintCutOffBox, 808, 164, 40, 22);
@@ -187,6 +188,7 @@ void PrintReports::Layout() {
     for (int i = 1; i <= 21; ++i) {
         Place(btnTeam[i], 8 + (i - 1) * 30, 450, 28, 24);
         btnTeam[i].SetCaption(i == 21 ? std::string("All") : Right(Format(i, "00"), 2));
+        btnTeam[i].SetVisible(true);
     }
     Place(btnTeamSel, 8 + 21 * 30 + 4, 450, 50, 24);
 

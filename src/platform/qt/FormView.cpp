@@ -306,7 +306,10 @@ QWidget* FormView::Make(Control& c) {
             auto* e = new QPlainTextEdit(content_);
             e->setTabChangesFocus(true);
             // A fixed-pitch box shows columns: a long line must not wrap into the next.
-            if (c.FixedPitch) e->setLineWrapMode(QPlainTextEdit::NoWrap);
+            if (c.FixedPitch) {
+                e->setLineWrapMode(QPlainTextEdit::NoWrap);
+                e->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+            }
             connect(e, &QPlainTextEdit::textChanged, e, [this, e] {
                 Act(e, [e](Control& ctl) {
                     QString t = e->toPlainText();
