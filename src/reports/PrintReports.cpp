@@ -488,7 +488,8 @@ void PrintReports::showScrollInfo() {
 
     std::string text;
     MasterRecord keep = p.MasterRec;
-    for (int line = FirstLine; line <= FirstLine + ViewLines - 1 && line <= p.IndexCount; ++line) {
+    const int last = std::min(p.IndexCount, static_cast<int>(p.SortIndex.size()) - 1);
+    for (int line = FirstLine; line <= FirstLine + ViewLines - 1 && line <= last; ++line) {
         const std::string& entry = p.SortIndex[static_cast<std::size_t>(line)];
         long n = static_cast<long>(Val(Right(entry, 4)));
         if (!GetRecord(p, n)) continue;

@@ -75,7 +75,7 @@ void PrintReports::Info_MouseDown(int Button, int Shift, float X, float Y) {
 
     const float rows = (Y - top) / lineHeight;
     const int line = VScroll1.Value() + static_cast<int>(std::floor(rows));
-    if (rows < 0 || line < 1 || line > p.IndexCount) {
+    if (rows < 0 || line < 1 || line > p.IndexCount || line >= static_cast<int>(p.SortIndex.size())) {
         restore();
         return;
     }
