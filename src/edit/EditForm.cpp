@@ -92,6 +92,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     mnuGlobal.Click = [this] { mnuGlobal_Click(); };
     btnGlobal.Click = [this] { mnuGlobal_Click(); };
     WireDoorScreens();
+    WirePreview();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }
@@ -253,7 +254,6 @@ void EditForm::Wire() {
     ShowAll.Click = [this] { ShowAll_Click(); };
     EditLabel.DblClick = [this] { EditLabel_DblClick(); };
     Label17.DblClick = [this] { Label17_DblClick(); };
-    btnViewFile.Click = [this] { btnViewFile_Click(); };
     mnuInfo.Click = [this] { mnuInfo_Click(); };
     mnuHelpFiles.Click = [this] { mnuHelpFiles_Click(); };
     mnuShortcuts.Click = [this] { mnuShortcuts_Click(); };

@@ -149,6 +149,23 @@ public:
     std::string DeleteTitle;     // tells a delete from a move to the member file
     int PendingClass = -1;       // Class as the appointment dialog left it, against the click that follows
 
+    // The preview: the View Reports entries, the interest cards, and editing one
+    // person of the preview's list.
+    void mnuPreAlpha_Click();
+    void mnuPreviewFile_Click();
+    void mnuPreZipMaster_Click();
+    void mnuPreBap_Click();
+    void mnuPreInt_Click();
+    void mnuPreAddress_Click();
+    void mnuPreMailList_Click();
+    void mnuPreDec_Click();
+    void mnuICard_Click();
+    void EnterPreviewEdit();
+    void LeavePreviewEdit();
+    void WirePreview();
+    // Saves the person on screen and shows the preview on the list as it stands.
+    void OpenPreview();
+
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);
 

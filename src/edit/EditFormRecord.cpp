@@ -288,10 +288,3 @@ void EditForm::EditLabel_DblClick() {
 
 void EditForm::Label17_DblClick() { Notes.SetText(""); }
 
-void EditForm::btnViewFile_Click() {
-    if (p.IndexCount == 0) {
-        p.host.MsgBox("There are insufficient records in this file or filter." + p.CrLf +
-                      "You must add one more names to this filter or file before using this feature.");
-        return;
-    }
-}

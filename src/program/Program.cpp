@@ -1,6 +1,7 @@
 #include "program/Program.h"
 
 #include "edit/EditForm.h"
+#include "reports/PrintReports.h"
 #include "startup/frmSplash.h"
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
@@ -54,3 +55,10 @@ AppointmentFm& Program::Appointment() {
     appointment_->Load();
     return *appointment_;
 }
+PrintReports& Program::Reports() {
+    if (!reports_) reports_ = std::make_unique<PrintReports>(*this);
+    reports_->Load();
+    return *reports_;
+}
+
+bool Program::ReportsLoaded() const { return reports_ && reports_->Loaded(); }

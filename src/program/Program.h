@@ -11,6 +11,7 @@ class frmSplash;
 class AttendF;
 class AttendFieldUpdate;
 class AppointmentFm;
+class PrintReports;
 
 struct Program : ProgramState {
     Program(host::Host& host, std::string appPath);
@@ -28,6 +29,8 @@ struct Program : ProgramState {
     bool AttendLoaded() const;
     AttendFieldUpdate& AttendUpdate();
     AppointmentFm& Appointment();
+    PrintReports& Reports();
+    bool ReportsLoaded() const;
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
@@ -40,4 +43,5 @@ private:
     std::unique_ptr<AttendF> attend_;
     std::unique_ptr<AttendFieldUpdate> attendUpdate_;
     std::unique_ptr<AppointmentFm> appointment_;
+    std::unique_ptr<PrintReports> reports_;
 };

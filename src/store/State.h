@@ -98,6 +98,8 @@ struct ProgramState {
     bool PrintingFromPreview = false;
     bool StartUp = false;
     std::string SoundFile;   // the wave file last named
+    bool SaveFilterOnExit = false;   // the preview's list stays when it closes
+    bool IncludeFLevel = false;      // the preview's "Include 'F'": the interest list takes level F too
 
     // The end of the process (the End statement): unwinds to main.
     [[noreturn]] void End();

@@ -54,6 +54,13 @@ inline constexpr int TwipsPerPixel = 15;
 
 class Control;
 
+// Where a view draws the text of a box, in twips: the width of a character of a
+// fixed-pitch face, the height of a line, and the text's origin in the box. All
+// zero until a view has measured them.
+struct TextMetrics {
+    float CharWidth = 0, LineHeight = 0, Left = 0, Top = 0;
+};
+
 // A setting read and assigned like a plain member, which tells the view when
 // it changes, so that it may change while the form is on screen.
 template <class T>
@@ -133,6 +140,7 @@ public:
     // Set before the form is first shown: a box does not change kind on screen.
     bool MultiLine = false;
     bool FixedPitch = false;   // shown in a fixed-pitch face
+    TextMetrics Metrics;       // set by the view of a fixed-pitch box
 
     // Value of check boxes (0/1/2), option buttons (0 / -1 when on) and scroll bars.
     // Setting a different value fires Click; an option button turns its siblings off.

@@ -305,6 +305,11 @@ QWidget* FormView::Make(Control& c) {
         if (c.MultiLine) {
             auto* e = new QPlainTextEdit(content_);
             e->setTabChangesFocus(true);
+            // A fixed-pitch box shows columns: a long line must not wrap into the next.
+            if (c.FixedPitch) {
+                e->setLineWrapMode(QPlainTextEdit::NoWrap);
+                e->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+            }
             connect(e, &QPlainTextEdit::textChanged, e, [this, e] {
                 Act(e, [e](Control& ctl) {
                     QString t = e->toPlainText();

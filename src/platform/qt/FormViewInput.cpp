@@ -5,8 +5,11 @@
 #include <QCloseEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QFontMetricsF>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 
 #include "platform/qt/FormView.h"
 #include "platform/qt/QtHost.h"
@@ -15,6 +18,29 @@ using forms::Control;
 using forms::Kind;
 
 namespace {
+
+// A fixed-pitch box is a table of columns: the model is told where its
+// characters and lines stand, in twips of the box, as the box draws them now.
+void Measure(Control& c, QPlainTextEdit* e) {
+    const QFontMetricsF fm(e->font());
+    QTextCursor at(e->document());
+    const QRect first = e->cursorRect(at);
+    double charWidth = fm.horizontalAdvance(QLatin1Char('0'));
+    double lineHeight = fm.lineSpacing();
+    const QTextBlock block = e->document()->firstBlock();
+    if (block.length() > 10) {
+        at.setPosition(block.position() + 10);
+        charWidth = (e->cursorRect(at).left() - first.left()) / 10.0;
+    }
+    if (block.next().isValid()) {
+        at.setPosition(block.next().position());
+        lineHeight = e->cursorRect(at).top() - first.top();
+    }
+    const QPoint origin = e->viewport()->mapTo(e, first.topLeft());
+    constexpr double t = forms::TwipsPerPixel;
+    c.Metrics = {static_cast<float>(charWidth * t), static_cast<float>(lineHeight * t),
+                 static_cast<float>(origin.x() * t), static_cast<float>(origin.y() * t)};
+}
 
 // The character a key stroke types, as a Windows-1252 code; 0 for none.
 int AsciiOf(const QKeyEvent* e) {
@@ -305,7 +331,10 @@ bool FormView::Mouse(QObject* watched, QMouseEvent* e) {
     QPointF p = w->mapFromGlobal(e->globalPosition());
     const float x = static_cast<float>(p.x() * forms::TwipsPerPixel), y = static_cast<float>(p.y() * forms::TwipsPerPixel);
     switch (e->type()) {
-    case QEvent::MouseButtonPress: host_.Call([&] { c->UserMouseDown(button, shift, x, y); }); break;
+    case QEvent::MouseButtonPress:
+        if (auto* pe = qobject_cast<QPlainTextEdit*>(w); pe && c->FixedPitch) Measure(*c, pe);
+        host_.Call([&] { c->UserMouseDown(button, shift, x, y); });
+        break;
     case QEvent::MouseButtonRelease:
         host_.Call([&] { c->UserMouseUp(button, shift, x, y); });
         // A text box clicks too (the attendance boxes open their dialog on a click).

@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+
+#include "edit/SelIntFm.h"
+#include "reports/PrintReports.h"
+#include "store/Records.h"
+#include "store/SortIndex.h"
+#include "support/TestCrusade.h"
+
+using namespace host;
+using forms::vbCtrlMask;
+using forms::vbLeftButton;
+using forms::vbChecked;
+
+namespace {
+
+// Three people on the preview, in the alphabetical list, at meeting 5.
+struct Preview {
+    TestCrusade c;
+    PrintReports* pr = nullptr;
+    Preview() {
+        std::vector<MasterRecord> people{MakePerson("0101", "Cy", "Adams", "1-345-----"),
+                                         MakePerson("0102", "Di", "Baker", "12--------"),
+                                         MakePerson("0103", "Ed", "Cole", "----5-----")};
+        c.ShowOnEditScreen(people);
+        c.p.MeetingNumber = 5;
+        c.p.Edit().mnuPreAlpha_Click();
+        pr = &c.p.Reports();
+    }
+    ~Preview() { c.host.Verify(); }
+    std::string Line(int i) const {
+        std::string t = pr->Info.Text();
+        for (int k = 1; k < i; ++k) t = t.substr(t.find("\r\n") + 2);
+        return t.substr(0, t.find("\r\n"));
+    }
+};
+
+MasterRecord Person() {
+    MasterRecord r = MakePerson("0042", "Mary", "Lamb", "1-3-5-7-9-1-3-5-7-9-1-3-5-7-9-1-3-5-7-9-");
+    r.WorkerCode = "07";
+    r.IntLevel = "B";
+    r.Visits = "h03p04";
+    r.Decisions = "X--------";
+    r.Notes = "Call after six";
+    r.Advertising = "....P-Radio";
+    r.Attend = "20";
+    r.Last = 39;
+    return r;
+}
+
+}  // namespace
+
+TEST(Preview, LineFormatsOfEveryKind) {
+    TestCrusade c;
+    ProgramState& p = c.p;
+    DefaultLists(p);
+    p.MeetingNumber = 25;
+    p.WeekDays[2] = "Monday";
+    p.HourLabels[5] = "7:00 PM";
+    const DecisionMarks marks{1, 2};
+    struct Case {
+        const char* kind;
+        void (*tweak)(MasterRecord&);
+        std::string line;
+    } cases[] = {
+        // Meeting 25 shows positions 2 to 25.
+        {"alpha", [](MasterRecord&) {}, "07 0042  Lamb, Mary             -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------/h03p04      "},
+        {"attend", [](MasterRecord& r) { r.BaptDate = "12/01/26"; },
+         "07 0042 #Lamb, Mary(r)          -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------/h03p04      "},
+        {"alpha", [](MasterRecord& r) { r.IntLevel = "G"; r.Decisions = "-U-------"; },
+         "07 0042  Lamb, Mary*            -3-5-7-9-1-3-5-7-9-1-3-5/G  -U-------/h03p04      "},
+        {"alpha", [](MasterRecord& r) { r.Class = -1; r.LName = "Montgomery-Fitzgerald"; },
+         "07 0042 @Montgomery-Fitzgeral,  -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------/h03p04      "},
+        {"decisions9", [](MasterRecord& r) { r.Class = -1; r.BaptDate = "12/01/26"; },
+         "07 0042 #Lamb, Mary(r)          -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------  p04 Apt-CL"},
+        {"religion", [](MasterRecord&) {}, "07 0042  Lamb, Mary             -3-5-7-9-1-3-5-7-9-1-3-5 B  (Baptist)"},
+        {"BaptClass", [](MasterRecord&) {},
+         "07 0042  Lamb, Mary             -3-5-7-9-1-3-5-7-9-1-3-5 B  (Monday:    7:00 PM)"},
+        {"zip", [](MasterRecord&) {}, "07 0042  Lamb, Mary             (62701Sprin) 12 Oak St                   -3-5-7-9-1"},
+        {"PreCrusade", [](MasterRecord&) {},
+         "07 0042  Lamb, Mary             (Radio       )    -3-5-7-9-1-3-5-7-9-1-3-5 /B"},
+        {"notes", [](MasterRecord&) {},
+         "07 0042  Lamb, Mary             Call after six                        -3-5-7-9-1"},
+        {"mail", [](MasterRecord&) {}, " Lamb, Mary          (ML)   (Spr62701) 12 Oak St                 T=20 LM=39/  30-39"},
+        {"DupAddress", [](MasterRecord& r) { r.MailList = 0; r.Last = 4; },
+         "07 0042  Lamb, Mary             (Spr) 12 Oak St                 T=20 LM=04/  30-39"},
+        {"CleanMailList", [](MasterRecord&) {},
+         "07 0042  Lamb, Mary             *Spr* 12 Oak St                 T=20 LM=39/  30-39"},
+    };
+    for (const Case& k : cases) {
+        MasterRecord r = Person();
+        k.tweak(r);
+        EXPECT_EQ(PreviewLine(p, r, k.kind, "0042A205", marks), k.line) << k.kind;
+    }
+    p.MeetingNumber = 24;
+    EXPECT_EQ(PreviewLine(p, Person(), "alpha", "", marks).substr(32, 24), "1-3-5-7-9-1-3-5-7-9-1-3-");
+}
+
+TEST(Preview, TitlesByKindWithTheCountAndTheEmptyList) {
+    Preview v;
+    ProgramState& p = v.c.p;
+    p.CrusadeName = "Fall";
+    p.TeamNames[5] = "Team 5: North";
+    p.DecisionNames[2] = "Sabbath";
+    p.FilterTotalAttend = 4;
+    const std::pair<const char*, const char*> cases[] = {
+        {"alphafilter", "Master Alphabetical List (3)"}, {"SelWCAttend05", "5- Team 5 North  (3)"},
+        {"missednight03", "Missed Last 3 Night(s) (3)"},  {"attendnight07", "Fall: Meeting: 7 (3)"},
+        {"decisions2", "Fall: Sabbath (3)"},              {"TotalAttend", "Attended at least 4 Meetings (3)"},
+        {"religion", "Church Preference (3)"},            {"age", "Need a Filter (3)"},
+    };
+    for (const auto& [kind, title] : cases) {
+        p.SortName = kind;
+        v.pr->PreviewReport();
+        EXPECT_EQ(v.pr->CrTitleBox.Text(), title) << kind;
+    }
+    EXPECT_EQ(v.pr->PrevSort, "age");
+    v.c.host.ExpectBox("Vestrel does not print this list by Team");
+    v.pr->chkTeam.UserClick();
+    EXPECT_FALSE(v.pr->chkTeam.Value());
+    p.SortName = "baptism";
+    p.IndexCount = 0;
+    v.pr->PreviewReport();
+    EXPECT_EQ(v.pr->CrTitleBox.Text(), "Baptism List (0)");
+    EXPECT_EQ(v.pr->Info.Text(), "There are no names in this filter to view.\r\n"
+                                 "Either select a lower Cut Off point or a different Filter.");
+}
+
+TEST(Preview, ClicksOnTheColumnsChangeThePersonOnTheLine) {
+    struct Case {
+        const char* what;
+        float x, y;
+        int shift;
+        std::string visits;       // Visits before the click
+        std::string input;        // answer to "Enter Team Code", if asked
+        const char* box;          // a box the click shows, if any
+        std::string field;        // which field to look at afterwards
+        std::string expect;
+    } cases[] = {
+        {"visit", 7500, 10, 0, "h01", "", nullptr, "Visits", "h01h05      "},
+        {"visit when full", 7500, 10, 0, "h01h02h03h04", "", nullptr, "Visits", "h02h03h04h05"},
+        {"ctrl removes", 7500, 10, vbCtrlMask, "h01h02", "", nullptr, "Visits", "h01         "},
+        {"ctrl on empty", 7500, 10, vbCtrlMask, "", "", nullptr, "Visits", "            "},
+        {"team", 100, 10, 0, "", "7", nullptr, "WorkerCode", "07"},
+        {"bad team", 100, 10, 0, "", "41", "It must be a number between 00 and 40", "WorkerCode", "  "},
+        {"empty team", 100, 10, 0, "", "", nullptr, "WorkerCode", "  "},
+        {"below the list", 7500, 215 * 3 + 10, 0, "", "", nullptr, "Visits", "            "},
+    };
+    for (const Case& k : cases) {
+        Preview v;
+        MasterRecord r = v.c.ReadRecord(1);
+        r.Visits = k.visits;
+        r.WorkerCode = "";
+        v.c.p.MasterRec = r;
+        PutRecord(v.c.p, 1);
+        v.pr->OptVisit.UserClick();
+        if (std::string(k.what).find("team") != std::string::npos) v.c.host.ExpectInput("Enter Team Code", k.input);
+        if (k.box) v.c.host.ExpectBox(k.box);
+        v.pr->Info.UserMouseDown(vbLeftButton, k.shift, k.x, k.y);
+        r = v.c.ReadRecord(1);
+        EXPECT_EQ(k.field == "Visits" ? r.Visits.str() : r.WorkerCode.str(), k.expect) << k.what;
+        // The list is redrawn with the change.
+        if (k.field == "Visits") {
+            EXPECT_NE(v.Line(1).find(vb::RTrim(r.Visits)), std::string::npos) << k.what;
+        } else if (!k.box && !k.input.empty()) {
+            EXPECT_EQ(v.Line(1).substr(0, 2), r.WorkerCode.str()) << k.what;
+        }
+        EXPECT_TRUE(v.pr->OptVisit.Value()) << k.what;
+    }
+}
+
+TEST(Preview, ClickColumnsFollowTheMeasuredFontAndTheAttendanceAndInterestModes) {
+    Preview v;
+    // A face twice as wide and lines 300 twips high, with the text inset.
+    v.pr->Info.Metrics = {210, 300, 90, 45};
+    auto at = [](int column, int line) { return std::pair<float, float>(90 + 210 * (column - 0.5f), 45 + 300 * (line - 0.5f)); };
+    // Meeting 5 of line 2 (Baker, not there): the attendance columns after the question.
+    v.c.host.ExpectBox("update the attendance record for meeting #5", vbOK, "Automatic Attendance Update");
+    auto [x, y] = at(40, 2);
+    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    EXPECT_EQ(v.c.ReadRecord(2).Attendance.str().substr(0, 6), "12--5-");
+    EXPECT_EQ(v.c.ReadRecord(2).Last, 5);
+    EXPECT_TRUE(v.pr->optAt.Value());
+    // Again on the same person: the mark is taken back after the sound and the question.
+    v.c.host.ExpectBox("This Will Undo the Attendance for Night 5", vbOK, "Undo the Attendance Update");
+    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    EXPECT_EQ(v.c.ReadRecord(2).Attendance.str().substr(0, 6), "12----");
+    EXPECT_EQ(v.c.ReadRecord(2).Last, 2);
+    // The interest column of line 3 opens the interest dialog for Cole.
+    v.c.host.OnModal("SelIntFm", [](forms::Form& f) { static_cast<SelIntFm&>(f).btnInt_Click(3); });
+    std::tie(x, y) = at(58, 3);
+    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    EXPECT_EQ(v.c.ReadRecord(3).IntLevel, "C");
+    EXPECT_TRUE(v.pr->optAt.Value());   // the chosen function is back
+    // The visit column without a visit code chosen.
+    v.c.host.ExpectBox("You must select 'Visit'");
+    std::tie(x, y) = at(75, 1);
+    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+}
+
+TEST(Preview, VisitCodeKeysAndTheWayToTheEditScreenAndBack) {
+    Preview v;
+    v.pr->OptVisit.UserClick();
+    EXPECT_EQ(v.pr->OptVisit.Caption(), "Visit h05");
+    for (int key : {'P', '+', '-', '-', 'm', '=', '=', '=', 'x'}) {
+        int k = key;
+        v.pr->OptVisit_KeyPress(k);
+        EXPECT_EQ(k, 0);
+    }
+    EXPECT_EQ(v.pr->VisitCode, "m05");   // never past the meeting
+    v.pr->optEd.UserClick();
+    v.pr->Info.UserMouseDown(vbLeftButton, 0, 3000, 215 + 10);
+    EditForm& e = v.c.p.Edit();
+    EXPECT_FALSE(v.pr->Visible());
+    EXPECT_EQ(e.LName.Text(), "Baker");
+    EXPECT_TRUE(e.ReturnToPreviewMsg.Visible());
+    EXPECT_FALSE(e.mnuFile.Enabled());
+    EXPECT_FALSE(e.ChgRec[2].Visible());
+    EXPECT_TRUE(e.btnViewFile.Enabled());
+    e.Phone.SetText("555-0199");
+    e.btnViewFile.UserClick();
+    EXPECT_TRUE(v.pr->Visible());
+    EXPECT_FALSE(e.ReturnToPreviewMsg.Visible());
+    EXPECT_TRUE(e.mnuFile.Enabled());
+    EXPECT_EQ(vb::Trim(v.c.ReadRecord(2).Phone), "555-0199");
+}
