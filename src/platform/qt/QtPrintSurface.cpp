@@ -12,6 +12,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtText.h"
 #include "platform/vb/Strings.h"
 
@@ -33,6 +34,7 @@ QtPrintSurface::~QtPrintSurface() {
     // Whatever is still open goes out, as when the old program ended; the
     // host that would tell of a failure is going too.
     OnFailure = nullptr;
+    preview_ = false;
     if (open_) EndDoc();
 }
 
@@ -86,15 +88,23 @@ QPrinter& QtPrintSurface::MakePrinter() const {
     return *printer_;
 }
 
+namespace {
+
+// US Letter with the quarter-inch margins of a laser printer.
+QPageLayout PdfLayout() {
+    return QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
+                       QMarginsF(PdfMarginInch, PdfMarginInch, PdfMarginInch, PdfMarginInch), QPageLayout::Inch);
+}
+
+}  // namespace
+
 QPagedPaintDevice& QtPrintSurface::Device() const {
     if (!toPdf_) return MakePrinter();
     if (!pdf_) {
         // The writer touches no file until a painter begins on it.
         pdf_ = std::make_unique<QPdfWriter>(FromPath(pdfPath_));
         pdf_->setResolution(PdfDpi);
-        pdf_->setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
-                                        QMarginsF(PdfMarginInch, PdfMarginInch, PdfMarginInch, PdfMarginInch),
-                                        QPageLayout::Inch));
+        pdf_->setPageLayout(PdfLayout());
         pdf_->setCreator(QStringLiteral("Vestrel"));
     }
     return *pdf_;
@@ -168,11 +178,53 @@ void QtPrintSurface::EndDoc() {
     if (!open_) return;
     // A NewPage just before the end makes no blank sheet.
     if (pages_.size() > 1 && pages_.back().empty()) pages_.pop_back();
-    QPagedPaintDevice& device = Device();
+    if (preview_) {
+        preview_ = false;
+        ShowPreview();
+        Close();
+        return;
+    }
+    const bool written = Deliver(Device());
+    Close();
+    if (!written && OnFailure) OnFailure(lastError_);
+}
+
+bool QtPrintSurface::Deliver(QPagedPaintDevice& device) {
+    lastError_.clear();
     const bool written = Render(device);
     // A fresh writer for the next document to this file.
     if (toPdf_) pdf_.reset();
-    Close();
+    return written;
+}
+
+void QtPrintSurface::ShowPreview() {
+    // The pages are shown on the paper they would go to.
+    QPrinter pdfPaper(QPrinter::HighResolution);
+    pdfPaper.setOutputFormat(QPrinter::PdfFormat);
+    pdfPaper.setPageLayout(PdfLayout());
+    QPrinter& paper = toPdf_ ? pdfPaper : MakePrinter();
+    int outcome;
+    {
+        QtPrintPreview window(paper, [this](QPagedPaintDevice& d) { return Render(d); },
+                              PreviewParent ? PreviewParent() : nullptr);
+        outcome = window.exec();
+    }
+    bool written = true;
+    if (outcome == QtPrintPreview::Print) {
+        written = Deliver(Device());
+    } else if (outcome == QtPrintPreview::SavePdf) {
+        const std::string path = AskPdfPath ? AskPdfPath() : std::string();
+        if (path.empty()) return;
+        // Saved beside the usual destination, which stays as it was.
+        const bool wasPdf = toPdf_;
+        const std::string wasPath = pdfPath_;
+        SetOutputPdf(path);
+        written = Deliver(Device());
+        if (wasPdf)
+            SetOutputPdf(wasPath);
+        else
+            SetOutputPrinter();
+    }
     if (!written && OnFailure) OnFailure(lastError_);
 }
 

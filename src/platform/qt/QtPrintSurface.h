@@ -20,6 +20,7 @@
 class QPagedPaintDevice;
 class QPdfWriter;
 class QPrinter;
+class QWidget;
 
 class QtPrintSurface : public host::PrintSurface {
 public:
@@ -44,6 +45,14 @@ public:
     // Told when a document could not be printed or written, with the reason
     // naming the file or printer; the host shows it to the operator.
     std::function<void(const std::string&)> OnFailure;
+    // The next document ended is shown page by page first; from there it is
+    // printed to where it would have gone, saved as a PDF, or dropped.
+    void PreviewNextDocument(bool on) { preview_ = on; }
+    bool PreviewPending() const { return preview_; }
+    // Asks where a previewed document is saved as PDF; empty when cancelled.
+    std::function<std::string()> AskPdfPath;
+    // The preview window's parent.
+    std::function<QWidget*()> PreviewParent;
     // The face that stands in for a font name of the reports.
     static QString FaceFor(const std::string& name);
     static QFont ToQFont(const host::PrintFont& f);
@@ -82,6 +91,9 @@ private:
     void Open();
     void Close();
     bool Render(QPagedPaintDevice& device);
+    void ShowPreview();
+    // Writes the pages to a device; false when they could not all be written.
+    bool Deliver(QPagedPaintDevice& device);
     // "the file ..." or "the printer ...", where the next document goes.
     std::string Destination() const;
 
@@ -90,6 +102,7 @@ private:
     mutable std::unique_ptr<QPdfWriter> pdf_;
     std::string pdfPath_;
     bool toPdf_ = false;
+    bool preview_ = false;
 
     float x_ = 0, y_ = 0;
     host::PrintFont font_{"Arial", 10, false, false};
