@@ -110,13 +110,24 @@ QPagedPaintDevice& QtPrintSurface::Device() const {
     return *pdf_;
 }
 
+const QtPrintSurface::Face& QtPrintSurface::FaceOf(const host::PrintFont& f, const QPaintDevice& device) const {
+    const int dpiX = device.logicalDpiX(), dpiY = device.logicalDpiY();
+    for (const Face& face : faces_)
+        if (face.key == f && face.dpiX == dpiX && face.dpiY == dpiY) return face;
+    // A report uses a handful of fonts on one or two devices.
+    if (faces_.size() > 32) faces_.clear();
+    QFont q = ToQFont(f);
+    faces_.push_back(Face{f, dpiX, dpiY, q, QFontMetricsF(q, &device)});
+    return faces_.back();
+}
+
 float QtPrintSurface::TextWidth(const std::string& text) {
-    QFontMetricsF fm(ToQFont(font_), &Device());
+    const QFontMetricsF& fm = FaceOf(font_, Device()).metrics;
     return static_cast<float>(fm.horizontalAdvance(ToQString(text)) / Device().logicalDpiX() * CmPerInch);
 }
 
 float QtPrintSurface::LineHeight() const {
-    QFontMetricsF fm(ToQFont(font_), &Device());
+    const QFontMetricsF& fm = FaceOf(font_, Device()).metrics;
     return static_cast<float>(fm.lineSpacing() / Device().logicalDpiY() * CmPerInch);
 }
 
@@ -256,6 +267,9 @@ bool QtPrintSurface::Render(QPagedPaintDevice& device) {
     auto py = [&](float cm) { return cm / CmPerInch * dpiY; };
 
     bool first = true;
+    // Set only when they change: most lines repeat the fonts of the line before.
+    const host::PrintFont* inkFont = nullptr;
+    bool blackPen = false;
     for (const PageItems& page : pages_) {
         if (!first && !device.newPage()) {
             lastError_ = "The report could not be finished on " + Destination() + ".\r\n" + advice;
@@ -264,17 +278,23 @@ bool QtPrintSurface::Render(QPagedPaintDevice& device) {
         first = false;
         for (const Item& it : page) {
             if (it.isText) {
-                QFont f = ToQFont(it.font);
-                painter.setFont(f);
+                const Face& face = FaceOf(it.font, device);
+                if (!inkFont || !(*inkFont == it.font)) {
+                    painter.setFont(face.font);
+                    inkFont = &it.font;
+                }
+                if (!blackPen) {
+                    painter.setPen(Qt::black);
+                    blackPen = true;
+                }
                 // The pen is the top of the text, as the old printer object had it.
-                QFontMetricsF fm(f, &device);
-                painter.setPen(Qt::black);
-                painter.drawText(QPointF(px(it.x), py(it.y) + fm.ascent()), it.text);
+                painter.drawText(QPointF(px(it.x), py(it.y) + face.metrics.ascent()), it.text);
             } else {
                 QPen pen(Qt::black);
                 pen.setWidthF(std::max(1, it.drawWidth) * dpiX / DrawWidthDpi);
                 pen.setCapStyle(Qt::RoundCap);
                 painter.setPen(pen);
+                blackPen = false;
                 painter.drawLine(QPointF(px(it.x), py(it.y)), QPointF(px(it.x2), py(it.y2)));
             }
         }

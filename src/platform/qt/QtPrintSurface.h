@@ -13,11 +13,13 @@
 #include <vector>
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QString>
 
 #include "platform/host/PrintSurface.h"
 
 class QPagedPaintDevice;
+class QPaintDevice;
 class QPdfWriter;
 class QPrinter;
 class QWidget;
@@ -84,6 +86,14 @@ private:
         int drawWidth = 1;
     };
     using PageItems = std::vector<Item>;
+    struct Face {
+        host::PrintFont key;
+        int dpiX, dpiY;
+        QFont font;
+        QFontMetricsF metrics;
+    };
+    const Face& FaceOf(const host::PrintFont& f, const QPaintDevice& device) const;
+    mutable std::vector<Face> faces_;
 
     // The device metrics come from, and the next document goes to.
     QPagedPaintDevice& Device() const;
