@@ -7,11 +7,13 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include "QtTestApp.h"
+#include "platform/qt/QtHost.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrintSurface.h"
 
@@ -81,6 +83,35 @@ TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
         out.Print("Straight out");
         out.EndDoc();
         EXPECT_NE(PdfText(printed).find("Straight out"), std::string::npos);
+    }
+}
+
+// The printer dialog's Preview button: the report runs once, and its pages
+// wait for the preview instead of going to the printer.
+TEST(PrintPreview, ThePrinterDialogOffersItBesidePrint) {
+    EnsureQtApplication();
+    QTemporaryDir dir;
+    QtHost host{dir.filePath("settings.ini").toStdString(), ""};
+    for (bool preview : {true, false}) {
+        SCOPED_TRACE(preview);
+        auto* poll = new QTimer;
+        QObject::connect(poll, &QTimer::timeout, poll, [poll, preview] {
+            auto* d = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            if (!d) return;
+            poll->stop();
+            poll->deleteLater();
+            if (auto* b = d->findChild<QPushButton*>("PreviewButton"); b && preview)
+                b->click();
+            else
+                d->accept();
+        });
+        poll->start(10);
+        host::PrinterDialog d;
+        d.Copies = 3;
+        ASSERT_TRUE(host.ShowPrinter(d));
+        auto& surface = dynamic_cast<QtPrintSurface&>(host.Printer());
+        EXPECT_EQ(surface.PreviewPending(), preview);
+        EXPECT_EQ(d.Copies, preview ? 1 : 3);
     }
 }
 
