@@ -89,6 +89,7 @@ void PrintBaptisms(Program& p) {
         return;
     }
     host::PrintSurface& out = p.host.Printer();
+    DiscardOnError discard(out);
     for (int copy = 1; copy <= std::max<int>(1, sel.Copies); ++copy) {
         Pager pager(p.host, out, sel.FromPage);
         int professions = 0, rebaptisms = 0;

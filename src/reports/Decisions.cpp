@@ -46,6 +46,7 @@ void PrintDecisions(Program& p, std::int16_t& DecisionNumber) {
 
     KeepCurrent keep(p);
     host::PrintSurface& out = p.host.Printer();
+    DiscardOnError discard(out);
     auto header = [&] {
         out.SetFont(Fonts::fntArial14);
         out.SetCurrentX(1.0f);

@@ -262,6 +262,7 @@ void PrintOneLineReport(Program& p, int Code) {
     if (!sel.Ok) return;
 
     host::PrintSurface& out = p.host.Printer();
+    DiscardOnError discard(out);
     OneLine line{p, out, Code, p.SortName, FindDecisionMarks(p)};
     const std::string& kind = line.kind;
     const bool apptGroups = Code == 10 && (kind == "BaptClass" || kind == "InterviewRemain");

@@ -38,6 +38,10 @@ KeepCurrent::~KeepCurrent() {
     p_.RecordPos = pos_;
 }
 
+DiscardOnError::~DiscardOnError() {
+    if (std::uncaught_exceptions() > exceptions_) out_.KillDoc();
+}
+
 void ReadEntry(ProgramState& p, int i) {
     long n = static_cast<long>(vb::Val(vb::Right(p.SortIndex[static_cast<std::size_t>(i)], 4)));
     // An entry is not checked: a number past the end prints a cleared record.

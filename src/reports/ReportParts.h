@@ -2,6 +2,7 @@
 // What the list reports share beyond the page header: the page counter that
 // honours the printer dialog's first page, the reading of a list entry, the
 // decision marks and the attendance windows.
+#include <exception>
 #include <string>
 
 #include "store/MasterRecord.h"
@@ -48,6 +49,20 @@ private:
     ProgramState& p_;
     MasterRecord rec_;
     long pos_;
+};
+
+// A report stopped by an error (a record that can't be read) leaves no half
+// document behind: what it drew is discarded.
+class DiscardOnError {
+public:
+    explicit DiscardOnError(host::PrintSurface& out) : out_(out), exceptions_(std::uncaught_exceptions()) {}
+    ~DiscardOnError();
+    DiscardOnError(const DiscardOnError&) = delete;
+    DiscardOnError& operator=(const DiscardOnError&) = delete;
+
+private:
+    host::PrintSurface& out_;
+    int exceptions_;
 };
 
 // Reads the record of entry i (its last 4 characters) into MasterRec.

@@ -151,6 +151,7 @@ void PrintWCReport(Program& p, int Code) {
 
     KeepCurrent keep(p);
     host::PrintSurface& out = p.host.Printer();
+    DiscardOnError discard(out);
     TeamReport rep{p, out, Code, breaks, p.CrusadeName + TitleFor(p, Code), Pager(p.host, out, sel.FromPage), ""};
     const Kind kind = SplitKind(p.SortName);
     const std::string selTeam = kind.stem == "SelWCAttend" ? vb::Fixed(Num(kind.number), 2) : std::string();
