@@ -25,12 +25,8 @@ std::vector<std::string> Dump(const RecordingSurface& out) {
                           std::to_string(static_cast<int>(op.font.Size)).c_str(),
                           op.font.Bold ? "B" : (op.font.Underline ? "U" : ""));
             lines.push_back(buf + op.text.substr(0, op.text.find_last_not_of(' ') + 1));
-        } else if (op.kind == Kind::NewPage) {
-            lines.push_back("NewPage");
-        } else if (op.kind == Kind::EndDoc) {
-            lines.push_back("EndDoc");
-        } else if (op.kind == Kind::KillDoc) {
-            lines.push_back("KillDoc");
+        } else if (op.kind == Kind::NewPage || op.kind == Kind::EndDoc || op.kind == Kind::KillDoc) {
+            lines.push_back(op.kind == Kind::NewPage ? "NewPage" : op.kind == Kind::EndDoc ? "EndDoc" : "KillDoc");
         }
     }
     return lines;
@@ -193,15 +189,10 @@ TEST(DecisionReport, AttendanceWindowWidensAtMeeting36) {
         Crusade t;
         MasterRecord r = MakePerson("3001", "Cy", "Dee", att);
         r.Decisions = "XXXXXXXXX";
-        t.c.WriteRecords({r});
-        t.c.p.Loaded = true;
-        t.c.Open();
-        t.c.p.MeetingNumber = k.meeting;
+        t.Load({r}, k.meeting);
         t.c.p.DecisionNames[3] = "Keep Sabbath";
-        t.c.p.PrintingFromPreview = true;
         t.SetList("decisions3", {"DEE"});
         t.Accept();
-        t.out.Clear();
         std::int16_t n = 0;
         PrintDecisions(t.c.p, n);
         EXPECT_EQ(n, 3);

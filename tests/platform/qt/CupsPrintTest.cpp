@@ -8,11 +8,9 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <regex>
 #include <string>
 #include <thread>
@@ -20,6 +18,7 @@
 #include <QPrinter>
 #include <QTemporaryDir>
 
+#include "PdfTools.h"
 #include "QtTestApp.h"
 #include "platform/qt/QtPrintSurface.h"
 
@@ -28,15 +27,6 @@ extern char** environ;
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string Shell(const std::string& command) {
-    std::string out;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>&1").c_str(), "r"), pclose);
-    char buf[4096];
-    std::size_t n;
-    while (pipe && (n = fread(buf, 1, sizeof buf, pipe.get())) > 0) out.append(buf, n);
-    return out;
-}
 
 int FreePort() {
     int s = socket(AF_INET, SOCK_STREAM, 0);
@@ -59,15 +49,24 @@ public:
         fs::permissions(root_ + "/tmp", fs::perms::all | fs::perms::sticky_bit);
         fs::permissions(root_, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
                                    fs::perms::others_read | fs::perms::others_exec);
-        std::ofstream(root_ + "/cupsd.conf") << "Listen " << server_ << "\nLogLevel warn\nWebInterface No\n"
-                                             << "Browsing No\n<Location />\n  Order allow,deny\n  Allow all\n"
-                                             << "</Location>\n<Location /admin>\n  Order allow,deny\n  Allow all\n"
-                                             << "</Location>\n<Policy default>\n  <Limit All>\n"
-                                             << "    Order deny,allow\n  </Limit>\n</Policy>\n";
-        std::ofstream(root_ + "/cups-files.conf")
-            << "ServerRoot " << root_ << "\nRequestRoot " << root_ << "/spool\nCacheDir " << root_
-            << "/cache\nStateDir " << root_ << "/state\nTempDir " << root_ << "/tmp\nErrorLog " << root_
-            << "/log/error_log\nAccessLog " << root_ << "/log/access_log\nPageLog " << root_ << "/log/page_log\n";
+        std::ofstream(root_ + "/cupsd.conf") << "Listen " << server_ << R"(
+WebInterface No
+Browsing No
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  <Limit All>
+    Order deny,allow
+  </Limit>
+</Policy>
+)";
+        std::ofstream paths(root_ + "/cups-files.conf");
+        paths << "ServerRoot " << root_ << "\nErrorLog " << root_ << "/log/error_log\n";
+        for (std::string d : {"RequestRoot spool", "CacheDir cache", "StateDir state", "TempDir tmp"})
+            paths << d.insert(d.find(' ') + 1, root_ + "/") << "\n";
+        paths.close();
         std::string conf = root_ + "/cupsd.conf", files = root_ + "/cups-files.conf";
         const char* argv[] = {"/usr/sbin/cupsd", "-f", "-c", conf.c_str(), "-s", files.c_str(), nullptr};
         if (posix_spawn(&pid_, argv[0], nullptr, nullptr, const_cast<char**>(argv), environ) != 0) pid_ = 0;
@@ -152,10 +151,10 @@ TEST(CupsPrinting, AReportPrintedToACupsPdfQueueComesOutAsItsText) {
     }
     ASSERT_FALSE(pdf.empty()) << "no PDF in " << CupsPdfFolder() << "\n" << cups.Log();
     std::this_thread::sleep_for(std::chrono::milliseconds(300));   // the backend closes the file last
-    const std::string text = Shell("pdftotext '" + pdf + "' -");
+    const std::string text = PdfText(pdf);
     EXPECT_NE(text.find("Fall Crusade Master Alphabetical List"), std::string::npos) << text;
     EXPECT_NE(text.find("Second page of the list"), std::string::npos) << text;
-    EXPECT_TRUE(std::regex_search(Shell("pdfinfo '" + pdf + "'"), std::regex("Pages:\\s+2\\n")));
+    EXPECT_EQ(PdfPages(pdf), 2);
     fs::remove(pdf);
     Shell("lpadmin -h " + cups.Server() + " -x " + queue);
 }

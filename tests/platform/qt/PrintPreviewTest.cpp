@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <memory>
+#include <functional>
 #include <string>
 
 #include <QApplication>
@@ -12,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include "PdfTools.h"
 #include "QtTestApp.h"
 #include "platform/qt/QtHost.h"
 #include "platform/qt/QtPrintPreview.h"
@@ -19,20 +19,12 @@
 
 namespace {
 
-std::string PdfText(const std::string& pdf) {
-    std::string out;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(("pdftotext '" + pdf + "' - 2>&1").c_str(), "r"), pclose);
-    char buf[4096];
-    std::size_t n;
-    while (pipe && (n = fread(buf, 1, sizeof buf, pipe.get())) > 0) out.append(buf, n);
-    return out;
-}
-
-// Works the preview window once it is up: notes what it shows, then presses a button.
-void WhenPreviewShows(std::function<void(QtPrintPreview&)> work) {
+// Works a modal window of type W once it is up.
+template <class W>
+void WhenShown(std::function<void(W&)> work) {
     auto* poll = new QTimer;
     QObject::connect(poll, &QTimer::timeout, poll, [poll, work] {
-        if (auto* w = qobject_cast<QtPrintPreview*>(QApplication::activeModalWidget())) {
+        if (auto* w = qobject_cast<W*>(QApplication::activeModalWidget())) {
             poll->stop();
             poll->deleteLater();
             work(*w);
@@ -57,7 +49,7 @@ TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
         out.PreviewNextDocument(true);
         int pages = 0;
         QString label;
-        WhenPreviewShows([&](QtPrintPreview& w) {
+        WhenShown<QtPrintPreview>([&](QtPrintPreview& w) {
             pages = w.PageCount();
             w.ShowPage(2);
             label = w.findChildren<QLabel*>().value(0)->text();
@@ -94,18 +86,13 @@ TEST(PrintPreview, ThePrinterDialogOffersItBesidePrint) {
     QtHost host{dir.filePath("settings.ini").toStdString(), ""};
     for (bool preview : {true, false}) {
         SCOPED_TRACE(preview);
-        auto* poll = new QTimer;
-        QObject::connect(poll, &QTimer::timeout, poll, [poll, preview] {
-            auto* d = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-            if (!d) return;
-            poll->stop();
-            poll->deleteLater();
-            if (auto* b = d->findChild<QPushButton*>("PreviewButton"); b && preview)
+        WhenShown<QPrintDialog>([preview](QPrintDialog& d) {
+            auto* b = d.findChild<QPushButton*>("PreviewButton");
+            if (b && preview)
                 b->click();
             else
-                d->accept();
+                d.accept();
         });
-        poll->start(10);
         host::PrinterDialog d;
         d.Copies = 3;
         ASSERT_TRUE(host.ShowPrinter(d));

@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
-#include <regex>
 #include <string>
 
 #include <QTemporaryDir>
 
+#include "PdfTools.h"
 #include "QtTestApp.h"
 #include "platform/qt/QtPrintSurface.h"
 #include "platform/vb/Strings.h"
@@ -21,25 +19,6 @@
 #include "support/QuietHost.h"
 
 namespace {
-
-std::string Shell(const std::string& command) {
-    std::string out;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>&1").c_str(), "r"), pclose);
-    char buf[4096];
-    std::size_t n;
-    while (pipe && (n = fread(buf, 1, sizeof buf, pipe.get())) > 0) out.append(buf, n);
-    return out;
-}
-
-int Pages(const std::string& pdf) {
-    std::smatch m;
-    std::string info = Shell("pdfinfo '" + pdf + "'");
-    return std::regex_search(info, m, std::regex("Pages:\\s+(\\d+)")) ? std::stoi(m[1]) : -1;
-}
-
-std::string PageText(const std::string& pdf, int page) {
-    return Shell("pdftotext -layout -f " + std::to_string(page) + " -l " + std::to_string(page) + " '" + pdf + "' -");
-}
 
 class PdfHost : public QuietHost {
 public:
@@ -104,17 +83,15 @@ TEST(ReportPdf, ListsOfAGeneratedCrusadeFillTheirPagesAndNumberThem) {
         host.pdf.SetOutputPdf(pdf);
         k.run();
         ASSERT_EQ(host.pdf.LastError(), "");
-        const int pages = Pages(pdf);
+        const int pages = PdfPages(pdf);
         ASSERT_GE(pages, 1);
-        EXPECT_NE(PageText(pdf, 1).find(k.firstPage), std::string::npos) << PageText(pdf, 1);
-        const std::string last = PageText(pdf, pages);
+        EXPECT_NE(PdfText(pdf, 1).find(k.firstPage), std::string::npos) << PdfText(pdf, 1);
+        const std::string last = PdfText(pdf, pages);
         EXPECT_NE(last.find(k.lastPage), std::string::npos) << last;
-        EXPECT_EQ(PageText(pdf, 1).find(": Page 1"), std::string::npos);
+        // The master list's last footer numbers the last page.
+        EXPECT_TRUE(k.file != "master.pdf" || last.find("Page " + std::to_string(pages)) != std::string::npos);
+        EXPECT_EQ(PdfText(pdf, 1).find(": Page 1"), std::string::npos);
     }
-    // The master list's last footer numbers the last page.
-    EXPECT_NE(PageText(out + "/master.pdf", Pages(out + "/master.pdf"))
-                  .find("Page " + std::to_string(Pages(out + "/master.pdf"))),
-              std::string::npos);
     p.File1.Close();
 }
 
