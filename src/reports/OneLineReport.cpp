@@ -312,7 +312,7 @@ void PrintOneLineReport(Program& p, int Code) {
             if (dupAddress && i > 1 && address != lastAddress) out.PrintEmptyLine();
             lastAddress = address;
             if (apptGroups)
-                line.InterviewLine(static_cast<int>(vb::Val(Mid(p.SortIndex[static_cast<std::size_t>(i)], 7))),
+                line.InterviewLine(static_cast<int>(vb::Val(Mid(p.SortIndex[static_cast<std::size_t>(i)], 7, 2))),
                                    lastHour);
             else
                 line.PersonLine();

@@ -180,6 +180,20 @@ TEST_F(Printing, BaptismTotalsCountBothMarks) {
     EXPECT_EQ(out.FindText("Baptisms: Page"), nullptr);
 }
 
+TEST_F(Printing, InterviewListShowsEachDayWithItsFreeHours) {
+    Load({MakePerson("5001", "Al", "Ames"), MakePerson("5002", "Bo", "Best"), MakePerson("5003", "Cy", "Cole")}, 6);
+    for (int h = 0; h <= 13; ++h) c.p.HourLabels[static_cast<std::size_t>(h)] = "Hour" + std::to_string(h);
+    SetList("BaptClass", {"A101AMES", "A103BEST", "A103COLE"});
+    Accept();
+    PrintOneLineReport(c.p, 10);
+    std::vector<std::string> shown;
+    for (const std::string& line : Dump(out))
+        if (line.rfind("1.00 ", 0) == 0 || line.rfind("2.00 ", 0) == 0 || line.rfind("4.00 ", 0) == 0)
+            shown.push_back(line.substr(line.find('|') + 1));
+    EXPECT_EQ(shown, (std::vector<std::string>{"Sunday", "Hour0", "Hour1", "00 Ames, Al", "Hour2", "Hour3",
+                                               "00 Best, Bo", "00 Cole, Cy"}));
+}
+
 TEST(DecisionReport, AttendanceWindowWidensAtMeeting36) {
     const std::string att = "123456789012345678901234567890123456789-";
     struct Case { int meeting; std::string window; } cases[] = {
