@@ -162,17 +162,27 @@ void QtPrintSurface::Line(float x1, float y1, float x2, float y2) {
 
 void QtPrintSurface::Print(const std::string& text, bool stayOnLine) {
     Open();
+    const float start = x_;
+    if (stayOnLine) x_ += TextWidth(text);
     if (!text.empty()) {
-        Item it;
-        it.x = x_;
-        it.y = y_;
-        it.font = font_;
-        it.text = ToQString(text);
-        pages_.back().push_back(it);
+        PageItems& page = pages_.back();
+        // Text that carries on where the last piece ended, in its font, is drawn
+        // with it: the same ink, with fewer runs for the device to lay out.
+        if (!page.empty() && page.back().isText && page.back().x2 == start && page.back().y == y_ &&
+            page.back().font == font_) {
+            page.back().text += ToQString(text);
+            page.back().x2 = stayOnLine ? x_ : -1;
+        } else {
+            Item it;
+            it.x = start;
+            it.y = y_;
+            it.x2 = stayOnLine ? x_ : -1;
+            it.font = font_;
+            it.text = ToQString(text);
+            page.push_back(it);
+        }
     }
-    if (stayOnLine) {
-        x_ += TextWidth(text);
-    } else {
+    if (!stayOnLine) {
         x_ = 0;
         y_ += LineHeight();
     }

@@ -80,7 +80,7 @@ public:
 private:
     struct Item {
         bool isText = true;
-        float x = 0, y = 0, x2 = 0, y2 = 0;
+        float x = 0, y = 0, x2 = 0, y2 = 0;   // a text's x2: where the pen stopped after it, -1 at a line end
         host::PrintFont font;
         QString text;
         int drawWidth = 1;
