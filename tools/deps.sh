@@ -6,8 +6,11 @@ set -euo pipefail
 # libqt6svg6 holds the plug-ins Qt loads at run time to draw the SVG pictures
 # (image format and icon engine); the tests draw every picture too.
 # libsqlite3-dev is for the side-by-side benchmark only.
+# The CUPS scheduler, its filters and the cups-pdf printer let a test print through
+# the real printer path to a queue of its own and read back what came out.
 packages=(g++ cmake make pkg-config qt6-base-dev qt6-multimedia-dev libqt6svg6 libgl-dev googletest libgtest-dev
-          libbenchmark-dev fonts-liberation poppler-utils libsqlite3-dev)
+          libbenchmark-dev fonts-liberation poppler-utils libsqlite3-dev
+          cups-daemon cups-client cups-filters printer-driver-cups-pdf)
 if [ "${1:-}" = "--desktop" ]; then
   # The X11 platform plug-in's extras and the sound back end's decoders.
   packages+=(qt6-qpa-plugins gstreamer1.0-plugins-good)

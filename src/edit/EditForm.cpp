@@ -93,6 +93,8 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     btnGlobal.Click = [this] { mnuGlobal_Click(); };
     WireDoorScreens();
     WirePreview();
+    // The printed reports.
+    WireReports();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

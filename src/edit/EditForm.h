@@ -165,6 +165,9 @@ public:
     void WirePreview();
     // Saves the person on screen and shows the preview on the list as it stands.
     void OpenPreview();
+    // The printed reports of the Print Reports menu.
+    void WireReports();
+    void RunReport(void (*report)(Program&, int), int code);
 
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);
@@ -384,6 +387,7 @@ public:
     forms::Menu mnuMapCode{*this, "mnuMapCode", "&by Map Code", &mnuPrint};
     forms::Menu mnuPreCrusade{*this, "mnuPreCrusade", "Pre-Crusade Invitations", &mnuPrint};
     forms::Menu mnuPrMarked{*this, "mnuPrMarked", "Special Marked Names", &mnuPrint};
+    forms::Menu mnuPrBaptList{*this, "mnuPrBaptList", "Baptisms and Professions of Faith", &mnuPrBapt};
 
     forms::Menu mnuFilterS{*this, "mnuFilterS", "Fi&lters"};
     forms::Menu mnuAllAlpha{*this, "mnuAllAlpha", "&All Names by Alpha", &mnuFilterS};

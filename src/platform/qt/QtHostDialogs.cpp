@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -12,9 +13,11 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 
 #include "platform/qt/QtHost.h"
 #include "platform/qt/QtPrintSurface.h"
+#include "platform/vb/Strings.h"
 
 namespace {
 
@@ -214,6 +217,17 @@ bool QtHost::ShowPrinter(host::PrinterDialog& d) {
     } else {
         printer.setPrintRange(QPrinter::AllPages);
     }
+    // Beside Print, a Preview button: the report's pages are shown first, and
+    // printed or saved as PDF from there.
+    bool preview = false;
+    if (auto* buttons = dlg.findChild<QDialogButtonBox*>()) {
+        QPushButton* b = buttons->addButton(QObject::tr("Pre&view..."), QDialogButtonBox::ActionRole);
+        b->setObjectName(QStringLiteral("PreviewButton"));
+        QObject::connect(b, &QPushButton::clicked, &dlg, [&] {
+            preview = true;
+            dlg.accept();
+        });
+    }
     int result;
     {
         ArrowCursor arrow;
@@ -222,9 +236,15 @@ bool QtHost::ShowPrinter(host::PrinterDialog& d) {
     ReactivateAfterDialog(was);
     ThrowIfEnding();
     if (result != QDialog::Accepted) return false;
-    d.Copies = std::max(1, printer.copyCount());
-    // The reports print each copy themselves; the device must not multiply them again.
-    printer.setCopyCount(1);
+    if (preview) {
+        // One run of the report on screen; the printer makes the copies asked for
+        // if the operator prints from there.
+        d.Copies = 1;
+    } else {
+        d.Copies = std::max(1, printer.copyCount());
+        // The reports print each copy themselves; the device must not multiply them again.
+        printer.setCopyCount(1);
+    }
     if (printer.printRange() == QPrinter::PageRange) {
         d.Flags |= kPageNumbers;
         d.FromPage = printer.fromPage();
@@ -232,6 +252,21 @@ bool QtHost::ShowPrinter(host::PrinterDialog& d) {
     } else {
         d.Flags &= ~kPageNumbers;
     }
-    Surface().SetOutputPrinter();
+    QtPrintSurface& surface = Surface();
+    surface.SetOutputPrinter();
+    surface.PreviewNextDocument(preview);
+    if (preview) {
+        surface.PreviewParent = [this] { return DialogParent(); };
+        surface.AskPdfPath = [this] {
+            host::FileDialog f;
+            f.DialogTitle = "Save the Report as PDF";
+            f.Filter = "PDF Files (*.pdf)|*.pdf";
+            f.FileName = "Report.pdf";
+            if (!ShowSave(f)) return std::string();
+            std::string path = f.FileName;
+            if (path.size() < 4 || vb::LCase(path.substr(path.size() - 4)) != ".pdf") path += ".pdf";
+            return path;
+        };
+    }
     return true;
 }

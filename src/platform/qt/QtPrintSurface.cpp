@@ -12,6 +12,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtText.h"
 #include "platform/vb/Strings.h"
 
@@ -33,6 +34,7 @@ QtPrintSurface::~QtPrintSurface() {
     // Whatever is still open goes out, as when the old program ended; the
     // host that would tell of a failure is going too.
     OnFailure = nullptr;
+    preview_ = false;
     if (open_) EndDoc();
 }
 
@@ -86,27 +88,46 @@ QPrinter& QtPrintSurface::MakePrinter() const {
     return *printer_;
 }
 
+namespace {
+
+// US Letter with the quarter-inch margins of a laser printer.
+QPageLayout PdfLayout() {
+    return QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
+                       QMarginsF(PdfMarginInch, PdfMarginInch, PdfMarginInch, PdfMarginInch), QPageLayout::Inch);
+}
+
+}  // namespace
+
 QPagedPaintDevice& QtPrintSurface::Device() const {
     if (!toPdf_) return MakePrinter();
     if (!pdf_) {
         // The writer touches no file until a painter begins on it.
         pdf_ = std::make_unique<QPdfWriter>(FromPath(pdfPath_));
         pdf_->setResolution(PdfDpi);
-        pdf_->setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
-                                        QMarginsF(PdfMarginInch, PdfMarginInch, PdfMarginInch, PdfMarginInch),
-                                        QPageLayout::Inch));
+        pdf_->setPageLayout(PdfLayout());
         pdf_->setCreator(QStringLiteral("Vestrel"));
     }
     return *pdf_;
 }
 
+const QtPrintSurface::Face& QtPrintSurface::FaceOf(const host::PrintFont& f, const QPaintDevice& device) const {
+    const int dpiX = device.logicalDpiX(), dpiY = device.logicalDpiY();
+    for (const Face& face : faces_)
+        if (face.key == f && face.dpiX == dpiX && face.dpiY == dpiY) return face;
+    // A report uses a handful of fonts on one or two devices.
+    if (faces_.size() > 32) faces_.clear();
+    QFont q = ToQFont(f);
+    faces_.push_back(Face{f, dpiX, dpiY, q, QFontMetricsF(q, &device)});
+    return faces_.back();
+}
+
 float QtPrintSurface::TextWidth(const std::string& text) {
-    QFontMetricsF fm(ToQFont(font_), &Device());
+    const QFontMetricsF& fm = FaceOf(font_, Device()).metrics;
     return static_cast<float>(fm.horizontalAdvance(ToQString(text)) / Device().logicalDpiX() * CmPerInch);
 }
 
 float QtPrintSurface::LineHeight() const {
-    QFontMetricsF fm(ToQFont(font_), &Device());
+    const QFontMetricsF& fm = FaceOf(font_, Device()).metrics;
     return static_cast<float>(fm.lineSpacing() / Device().logicalDpiY() * CmPerInch);
 }
 
@@ -141,17 +162,27 @@ void QtPrintSurface::Line(float x1, float y1, float x2, float y2) {
 
 void QtPrintSurface::Print(const std::string& text, bool stayOnLine) {
     Open();
+    const float start = x_;
+    if (stayOnLine) x_ += TextWidth(text);
     if (!text.empty()) {
-        Item it;
-        it.x = x_;
-        it.y = y_;
-        it.font = font_;
-        it.text = ToQString(text);
-        pages_.back().push_back(it);
+        PageItems& page = pages_.back();
+        // Text that carries on where the last piece ended, in its font, is drawn
+        // with it: the same ink, with fewer runs for the device to lay out.
+        if (!page.empty() && page.back().isText && page.back().x2 == start && page.back().y == y_ &&
+            page.back().font == font_) {
+            page.back().text += ToQString(text);
+            page.back().x2 = stayOnLine ? x_ : -1;
+        } else {
+            Item it;
+            it.x = start;
+            it.y = y_;
+            it.x2 = stayOnLine ? x_ : -1;
+            it.font = font_;
+            it.text = ToQString(text);
+            page.push_back(it);
+        }
     }
-    if (stayOnLine) {
-        x_ += TextWidth(text);
-    } else {
+    if (!stayOnLine) {
         x_ = 0;
         y_ += LineHeight();
     }
@@ -168,11 +199,53 @@ void QtPrintSurface::EndDoc() {
     if (!open_) return;
     // A NewPage just before the end makes no blank sheet.
     if (pages_.size() > 1 && pages_.back().empty()) pages_.pop_back();
-    QPagedPaintDevice& device = Device();
+    if (preview_) {
+        preview_ = false;
+        ShowPreview();
+        Close();
+        return;
+    }
+    const bool written = Deliver(Device());
+    Close();
+    if (!written && OnFailure) OnFailure(lastError_);
+}
+
+bool QtPrintSurface::Deliver(QPagedPaintDevice& device) {
+    lastError_.clear();
     const bool written = Render(device);
     // A fresh writer for the next document to this file.
     if (toPdf_) pdf_.reset();
-    Close();
+    return written;
+}
+
+void QtPrintSurface::ShowPreview() {
+    // The pages are shown on the paper they would go to.
+    QPrinter pdfPaper(QPrinter::HighResolution);
+    pdfPaper.setOutputFormat(QPrinter::PdfFormat);
+    pdfPaper.setPageLayout(PdfLayout());
+    QPrinter& paper = toPdf_ ? pdfPaper : MakePrinter();
+    int outcome;
+    {
+        QtPrintPreview window(paper, [this](QPagedPaintDevice& d) { return Render(d); },
+                              PreviewParent ? PreviewParent() : nullptr);
+        outcome = window.exec();
+    }
+    bool written = true;
+    if (outcome == QtPrintPreview::Print) {
+        written = Deliver(Device());
+    } else if (outcome == QtPrintPreview::SavePdf) {
+        const std::string path = AskPdfPath ? AskPdfPath() : std::string();
+        if (path.empty()) return;
+        // Saved beside the usual destination, which stays as it was.
+        const bool wasPdf = toPdf_;
+        const std::string wasPath = pdfPath_;
+        SetOutputPdf(path);
+        written = Deliver(Device());
+        if (wasPdf)
+            SetOutputPdf(wasPath);
+        else
+            SetOutputPrinter();
+    }
     if (!written && OnFailure) OnFailure(lastError_);
 }
 
@@ -204,6 +277,9 @@ bool QtPrintSurface::Render(QPagedPaintDevice& device) {
     auto py = [&](float cm) { return cm / CmPerInch * dpiY; };
 
     bool first = true;
+    // Set only when they change: most lines repeat the fonts of the line before.
+    const host::PrintFont* inkFont = nullptr;
+    bool blackPen = false;
     for (const PageItems& page : pages_) {
         if (!first && !device.newPage()) {
             lastError_ = "The report could not be finished on " + Destination() + ".\r\n" + advice;
@@ -212,17 +288,23 @@ bool QtPrintSurface::Render(QPagedPaintDevice& device) {
         first = false;
         for (const Item& it : page) {
             if (it.isText) {
-                QFont f = ToQFont(it.font);
-                painter.setFont(f);
+                const Face& face = FaceOf(it.font, device);
+                if (!inkFont || !(*inkFont == it.font)) {
+                    painter.setFont(face.font);
+                    inkFont = &it.font;
+                }
+                if (!blackPen) {
+                    painter.setPen(Qt::black);
+                    blackPen = true;
+                }
                 // The pen is the top of the text, as the old printer object had it.
-                QFontMetricsF fm(f, &device);
-                painter.setPen(Qt::black);
-                painter.drawText(QPointF(px(it.x), py(it.y) + fm.ascent()), it.text);
+                painter.drawText(QPointF(px(it.x), py(it.y) + face.metrics.ascent()), it.text);
             } else {
                 QPen pen(Qt::black);
                 pen.setWidthF(std::max(1, it.drawWidth) * dpiX / DrawWidthDpi);
                 pen.setCapStyle(Qt::RoundCap);
                 painter.setPen(pen);
+                blackPen = false;
                 painter.drawLine(QPointF(px(it.x), py(it.y)), QPointF(px(it.x2), py(it.y2)));
             }
         }

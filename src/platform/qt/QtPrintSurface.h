@@ -13,13 +13,16 @@
 #include <vector>
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QString>
 
 #include "platform/host/PrintSurface.h"
 
 class QPagedPaintDevice;
+class QPaintDevice;
 class QPdfWriter;
 class QPrinter;
+class QWidget;
 
 class QtPrintSurface : public host::PrintSurface {
 public:
@@ -44,6 +47,14 @@ public:
     // Told when a document could not be printed or written, with the reason
     // naming the file or printer; the host shows it to the operator.
     std::function<void(const std::string&)> OnFailure;
+    // The next document ended is shown page by page first; from there it is
+    // printed to where it would have gone, saved as a PDF, or dropped.
+    void PreviewNextDocument(bool on) { preview_ = on; }
+    bool PreviewPending() const { return preview_; }
+    // Asks where a previewed document is saved as PDF; empty when cancelled.
+    std::function<std::string()> AskPdfPath;
+    // The preview window's parent.
+    std::function<QWidget*()> PreviewParent;
     // The face that stands in for a font name of the reports.
     static QString FaceFor(const std::string& name);
     static QFont ToQFont(const host::PrintFont& f);
@@ -69,12 +80,20 @@ public:
 private:
     struct Item {
         bool isText = true;
-        float x = 0, y = 0, x2 = 0, y2 = 0;
+        float x = 0, y = 0, x2 = 0, y2 = 0;   // a text's x2: where the pen stopped after it, -1 at a line end
         host::PrintFont font;
         QString text;
         int drawWidth = 1;
     };
     using PageItems = std::vector<Item>;
+    struct Face {
+        host::PrintFont key;
+        int dpiX, dpiY;
+        QFont font;
+        QFontMetricsF metrics;
+    };
+    const Face& FaceOf(const host::PrintFont& f, const QPaintDevice& device) const;
+    mutable std::vector<Face> faces_;
 
     // The device metrics come from, and the next document goes to.
     QPagedPaintDevice& Device() const;
@@ -82,6 +101,9 @@ private:
     void Open();
     void Close();
     bool Render(QPagedPaintDevice& device);
+    void ShowPreview();
+    // Writes the pages to a device; false when they could not all be written.
+    bool Deliver(QPagedPaintDevice& device);
     // "the file ..." or "the printer ...", where the next document goes.
     std::string Destination() const;
 
@@ -90,6 +112,7 @@ private:
     mutable std::unique_ptr<QPdfWriter> pdf_;
     std::string pdfPath_;
     bool toPdf_ = false;
+    bool preview_ = false;
 
     float x_ = 0, y_ = 0;
     host::PrintFont font_{"Arial", 10, false, false};
