@@ -1,7 +1,6 @@
 // Stand-ins until the list builders and the list reports are merged.
 #include "lists/Lists.h"
 #include "program/Program.h"
-#include "reports/Reports.h"
 #include "store/SortIndex.h"
 
 namespace lists {
@@ -15,8 +14,3 @@ bool BuildList(Program& p, const std::string& kind, int, const std::string&) {
 void ApplyCutOff(ProgramState&) {}
 
 }  // namespace lists
-
-void PrintOneLineReport(Program&, int) {}
-void PrintWCReport(Program&, int) {}
-void PrintBaptisms(Program&) {}
-void PrintDecisions(Program&, std::int16_t&) {}
