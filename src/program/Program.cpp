@@ -1,6 +1,8 @@
 #include "program/Program.h"
 
 #include "edit/EditForm.h"
+#include "lists/SelDecFm.h"
+#include "lists/frmFilters.h"
 #include "startup/frmSplash.h"
 
 Program::Program(host::Host& h, std::string appPath) : ProgramState(h, std::move(appPath)) {}
@@ -23,4 +25,14 @@ frmSplash& Program::Splash() {
 
 void Program::DropSplash() {
     if (splash_ && splash_->Loaded()) splash_->Unload();
+}
+
+SelDecFm& Program::SelDec() {
+    if (!selDec_) selDec_ = std::make_unique<SelDecFm>(*this);
+    return *selDec_;
+}
+
+frmFilters& Program::Filters() {
+    if (!filters_) filters_ = std::make_unique<frmFilters>(*this);
+    return *filters_;
 }

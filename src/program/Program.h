@@ -8,6 +8,8 @@
 
 class EditForm;
 class frmSplash;
+class SelDecFm;
+class frmFilters;
 
 struct Program : ProgramState {
     Program(host::Host& host, std::string appPath);
@@ -18,11 +20,18 @@ struct Program : ProgramState {
     frmSplash& Splash();
     bool EditLoaded() const;
     void DropSplash();
+    SelDecFm& SelDec();
+    frmFilters& Filters();
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
 
+    // Households of the mail-list clean-up that need the operator's choice.
+    int FamilyCount = 0;
+
 private:
     std::unique_ptr<EditForm> editForm_;
     std::unique_ptr<frmSplash> splash_;
+    std::unique_ptr<SelDecFm> selDec_;
+    std::unique_ptr<frmFilters> filters_;
 };
