@@ -91,6 +91,9 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     SearchBox.KeyPress = [this](int& k) { SearchBox_KeyPress(k); };
     mnuGlobal.Click = [this] { mnuGlobal_Click(); };
     btnGlobal.Click = [this] { mnuGlobal_Click(); };
+
+    // Filters.
+    WireFilters();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

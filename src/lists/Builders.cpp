@@ -332,9 +332,13 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
         if (number == 0 && (a.number = AskNightsMissed(p)) == 0) return false;
         sortName += TwoDigits(a.number);
     } else if (kind == "SelWCAttend") {
+        // The option may carry the team itself ("00" has no number), and "Al" behind it.
+        a.alphabetical = Right(option, 2) == "Al";
+        std::string given = a.alphabetical ? Left(option, static_cast<long>(option.size()) - 2) : option;
+        if (team.empty()) team = given;
         a.team = !team.empty() ? team : number > 0 ? TwoDigits(number) : AskTeamCode(p);
+        if (a.team.size() == 1) a.team = "0" + a.team;
         if (a.team.empty()) return false;
-        a.alphabetical = option == "Al";
         sortName += a.team;
     } else if (kind == "decisions") {
         if (number == 0 && (a.number = AskDecision(p)) == 0) return false;

@@ -20,7 +20,9 @@ namespace lists {
 // an assigned team), "TotalAttend" (the total; 0 keeps FilterTotalAttend).
 // Options: "religion" the wanted value ("SDA" for the church's own members);
 // "interest" "TC" to put the team first, "F" to take level F too, or "TCF";
-// "baptism" "TC"; "SelWCAttend" "Al" for alphabetical order; "decisions" "IL"
+// "TotalAttend" "TC" as well, for the team report;
+// "baptism" "TC"; "SelWCAttend" the team code when it is not given as the
+// number ("00"), and "Al" behind it or alone for alphabetical order; "decisions" "IL"
 // or "Al" to arrange by interest level or not without asking; "TotalAttend"
 // "equal" or "atleast" without the dialog; "DupAddress" the mode of
 // BuildDuplicates.
