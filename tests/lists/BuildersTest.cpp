@@ -137,3 +137,19 @@ TEST(ApplyCutOff, KeepsThosePastTheCutOffUnderTheirFullNames) {
                                         "0101LEE_ANN_1", "0102LEE_BOB_2"}),
               l.Squeezed());
 }
+
+TEST(SelectFilter, RebuildsAListFromItsNameWithoutAsking) {
+    ListCrusade l;
+    // "alpha" comes back as the attendance list; team "00" has no number of its own.
+    const std::tuple<const char*, int, const char*> names[] = {{"attendnight01", 3, "attendnight01"},
+                                                               {"SelWCAttend00", 1, "SelWCAttend00"},
+                                                               {"decisions2", 1, "decisions2"},
+                                                               {"alpha", 6, "attend"},
+                                                               {"missednight03", 3, "missednight03"}};
+    for (const auto& [name, count, built] : names) {
+        ASSERT_TRUE(lists::SelectFilter(l.c.p, name)) << name;
+        EXPECT_EQ(count, l.c.p.IndexCount) << name;
+        EXPECT_EQ(built, l.c.p.SortName);
+    }
+    EXPECT_FALSE(lists::SelectFilter(l.c.p, "Need a Filter"));
+}
