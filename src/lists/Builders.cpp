@@ -290,7 +290,7 @@ void Run(ProgramState& p, const Kind& k, const Ask& a, const std::string& sortNa
     RememberPrior(p, k.name);
     RecordFile file(p);
     EntryBuffer e;
-    for (long n = 1; n <= file.Count(); ++n) k.emit(a, file[n], n, e);
+    file.ForEach([&](Rec r, long n) { k.emit(a, r, n, e); });
     file.LeaveLastIn(p);
     p.SortName = sortName;
     // A list of the deleted that is empty is not sorted; nothing differs for the others.
@@ -388,6 +388,7 @@ void SortDescending(ProgramState& p) { ::SortDescending(p); }
 
 void ApplyCutOff(ProgramState& p) {
     RecordFile file(p);
+    file.ReadAll();
     EntryBuffer e;
     for (int i = 1; i <= p.IndexCount && i < static_cast<int>(p.SortIndex.size()); ++i) {
         long n = static_cast<long>(Val(Right(p.SortIndex[i], 4)));

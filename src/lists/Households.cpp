@@ -14,7 +14,11 @@ namespace {
 
 bool HasAddress(Rec r) {
     std::string_view a = Trimmed(r.Text(at::Address, 30));
-    return !a.empty() && UCase(std::string(a)) != "ADDRESS UNKNOWN";
+    static constexpr std::string_view unknown = "ADDRESS UNKNOWN";
+    if (a.size() != unknown.size()) return !a.empty();
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (UCaseChar(a[i]) != unknown[i]) return true;
+    return false;
 }
 
 // Address, last and first name in upper case, team; with `mailMark` the
@@ -23,13 +27,12 @@ void BuildHouseholds(ProgramState& p, const std::string& kind, bool mailMark) {
     RememberPrior(p, kind);
     RecordFile file(p);
     EntryBuffer e;
-    for (long n = 1; n <= file.Count(); ++n) {
-        Rec r = file[n];
-        if (!r.Live() || !HasAddress(r)) continue;
+    file.ForEach([&](Rec r, long n) {
+        if (!r.Live() || !HasAddress(r)) return;
         e.Begin(r), e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.Team(r);
         if (mailMark) e.Text(r.Int(at::MailList) != 0 ? "M0000" : "N0000");
         e.End(n);
-    }
+    });
     file.LeaveLastIn(p);
     p.SortName = kind;
     e.Store(p, std::string(), true);
@@ -70,7 +73,7 @@ void BuildDuplicates(ProgramState& p, const std::string& mode) {
 
 bool BuildCleanMailList(Program& p) {
     // Kept so that a refused clean-up leaves the list as it was.
-    std::vector<std::string> keptList = p.SortIndex;
+    std::vector<std::string> keptList = std::move(p.SortIndex);
     const int keptCount = p.IndexCount, keptIndex = p.CurrentIndex;
     const std::string keptName = p.SortName, keptPrior = p.PriorSortName;
 

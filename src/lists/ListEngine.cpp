@@ -15,17 +15,25 @@ std::string_view Trimmed(std::string_view v) {
     return v.substr(b, e - b);
 }
 
-RecordFile::RecordFile(ProgramState& p) {
+RecordFile::RecordFile(ProgramState& p) : p_(p) {
     static_assert(RecordLength == MasterRecord::Length);
-    if (!p.File1.IsOpen() || p.RecordCount <= 0) return;
-    count_ = p.RecordCount;
-    bytes_.assign(static_cast<std::size_t>(count_) * RecordLength, '\0');
+    if (p.File1.IsOpen() && p.RecordCount > 0) count_ = p.RecordCount;
+}
+
+void RecordFile::Read(long first, long count) {
+    bytes_.resize(static_cast<std::size_t>(count) * RecordLength);
     // Records past the end of a file that shrank read as cleared ones, as Get leaves them.
-    p.File1.GetRange(1, count_, bytes_.data());
+    p_.File1.GetRange(first, count, bytes_.data());
+}
+
+void RecordFile::ReadAll() {
+    if (count_ == 0) return;
+    Read(1, count_);
+    last_ = count_ - 1;
 }
 
 void RecordFile::LeaveLastIn(ProgramState& p) const {
-    if (count_ > 0) p.MasterRec = DecodeRecord(bytes_.data() + (count_ - 1) * RecordLength);
+    if (last_ >= 0) p.MasterRec = DecodeRecord(bytes_.data() + last_ * RecordLength);
 }
 
 void EntryBuffer::Upper(std::string_view t) {

@@ -27,6 +27,16 @@ TEST(BuildDuplicates, ComparesOnlyNeighboursInEachMode) {
     }
 }
 
+TEST(BuildDuplicates, AnUnknownAddressInAnyCaseIsNeverShared) {
+    std::vector<Person> people = ListPeople();
+    people[4].address = "address unknown", people[5].address = "ADDRESS UNKNOWN";
+    ListCrusade l(people);
+    lists::BuildDuplicates(l.c.p, "All");
+    EXPECT_EQ((std::vector<std::string>{"010312_OAK_ST_ADAMS_CY_01_3", "010112_OAK_ST_LEE_ANN_01_1",
+                                        "010212_OAK_ST_LEE_BOB_02_2"}),
+              l.Squeezed());
+}
+
 TEST(BuildCleanMailList, KeepsAddressesWithNoLabelOrMoreThanOne) {
     struct Case {
         const char* what;
