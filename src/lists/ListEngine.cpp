@@ -1,5 +1,7 @@
 #include "lists/ListEngine.h"
 
+#include <array>
+
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "store/MasterRecord.h"
@@ -37,7 +39,15 @@ void RecordFile::LeaveLastIn(ProgramState& p) const {
 }
 
 void EntryBuffer::Upper(std::string_view t) {
-    for (char c : t) e_.push_back(vb::UCaseChar(c));
+    // One table lookup a character: the names are most of every entry.
+    static const std::array<char, 256> upper = [] {
+        std::array<char, 256> a{};
+        for (int c = 0; c < 256; ++c) a[static_cast<std::size_t>(c)] = vb::UCaseChar(static_cast<char>(c));
+        return a;
+    }();
+    std::size_t at = e_.size();
+    e_.resize(at + t.size());
+    for (std::size_t i = 0; i < t.size(); ++i) e_[at + i] = upper[static_cast<unsigned char>(t[i])];
 }
 
 void EntryBuffer::End(long n) {

@@ -213,16 +213,16 @@ private:
 
 namespace {
 
-// A key's first 8 bytes as one number that orders as memcmp does; the rest is
-// compared only when those are equal.
+// A key's first 16 bytes as two numbers that order as memcmp does; the rest is
+// read from the keys only when those are equal, which keeps the sort in the cache.
 struct SortItem {
-    std::uint64_t head;
+    std::uint64_t head, next;
     std::uint32_t at;
 };
 
-std::uint64_t Head(const unsigned char* k, std::size_t width) {
+std::uint64_t Head(const unsigned char* k, std::size_t from, std::size_t width) {
     std::uint64_t h = 0;
-    for (std::size_t b = 0; b < 8; ++b) h = (h << 8) | (b < width ? k[b] : 0u);
+    for (std::size_t b = from; b < from + 8; ++b) h = (h << 8) | (b < width ? k[b] : 0u);
     return h;
 }
 
@@ -276,13 +276,15 @@ void CombSortList(ProgramState& p, std::size_t width, bool descending) {
 std::vector<int> CombSortOrder(const char* keys, std::size_t stride, std::size_t width, int n, bool descending) {
     std::vector<SortItem> items(static_cast<std::size_t>(std::max(n, 0)));
     const auto* base = reinterpret_cast<const unsigned char*>(keys);
-    for (int i = 0; i < n; ++i)
-        items[static_cast<std::size_t>(i)] = {Head(base + static_cast<std::size_t>(i) * stride, width),
-                                              static_cast<std::uint32_t>(i)};
-    const std::size_t rest = width > 8 ? width - 8 : 0;
+    for (int i = 0; i < n; ++i) {
+        const unsigned char* k = base + static_cast<std::size_t>(i) * stride;
+        items[static_cast<std::size_t>(i)] = {Head(k, 0, width), Head(k, 8, width), static_cast<std::uint32_t>(i)};
+    }
+    const std::size_t rest = width > 16 ? width - 16 : 0;
     auto greater = [&](const SortItem& a, const SortItem& b) {
         if (a.head != b.head) return a.head > b.head;
-        return rest != 0 && std::memcmp(base + a.at * stride + 8, base + b.at * stride + 8, rest) > 0;
+        if (a.next != b.next) return a.next > b.next;
+        return rest != 0 && std::memcmp(base + a.at * stride + 16, base + b.at * stride + 16, rest) > 0;
     };
     int gap = n;
     bool swapped;
