@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Sizes[] = {1000, 9999};
+constexpr int Sizes[] = {1000, 3000, 9999};
 constexpr int CutOff = 2;
 
 GeneratedCrusades& Generated() {

@@ -286,9 +286,18 @@ std::vector<int> CombSortOrder(const char* keys, std::size_t stride, std::size_t
         if (a.next != b.next) return a.next > b.next;
         return rest != 0 && std::memcmp(base + a.at * stride + 16, base + b.at * stride + 16, rest) > 0;
     };
+    // Keys end in the record number, so no two are equal and the comb sort's
+    // result is the one sorted order: any sort finds it. Only where two keys
+    // are equal does the order of the swaps show, and the comb sort runs itself.
+    std::vector<SortItem> first = items;
+    auto before = [&](const SortItem& a, const SortItem& b) { return descending ? greater(a, b) : greater(b, a); };
+    std::sort(items.begin(), items.end(), before);
+    bool tie = false;
+    for (int i = 0; i + 1 < n && !tie; ++i) tie = !before(items[i], items[i + 1]);
+    if (tie) items.swap(first);
     int gap = n;
     bool swapped;
-    if (n > 1) do {
+    if (tie && n > 1) do {
         gap = NextGap(gap);
         swapped = false;
         SortItem* it = items.data();

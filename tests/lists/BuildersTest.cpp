@@ -3,6 +3,7 @@
 
 #include "lists/Lists.h"
 #include "lists/ListCrusade.h"
+#include "store/SortIndex.h"
 
 namespace {
 
@@ -152,4 +153,14 @@ TEST(SelectFilter, RebuildsAListFromItsNameWithoutAsking) {
         EXPECT_EQ(built, l.c.p.SortName);
     }
     EXPECT_FALSE(lists::SelectFilter(l.c.p, "Need a Filter"));
+}
+
+TEST(SortEntries, EqualKeysLeaveTheEntriesWhereTheCombSortsSwapsPutThem) {
+    // Only a record number past 9999 can repeat a key; then the order of the swaps shows.
+    ListCrusade l(std::vector<Person>{});
+    ProgramState& p = l.c.p;
+    p.SortIndex = {"alpha", "0001B   2", "0002B   2", "0003A   1"};
+    p.IndexCount = 3;
+    SortEntries(p);
+    EXPECT_EQ((std::vector<std::string>{"alpha", "0003A   1", "0002B   2", "0001B   2"}), p.SortIndex);
 }
