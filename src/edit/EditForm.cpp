@@ -95,6 +95,9 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WirePreview();
     // The printed reports.
     WireReports();
+
+    // Filters.
+    WireFilters();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

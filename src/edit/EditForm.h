@@ -2,6 +2,7 @@
 // The main screen: one person at a time, the whole menu tree and the button bar.
 #include <set>
 #include <string>
+#include <vector>
 
 #include "platform/forms/Form.h"
 
@@ -168,6 +169,48 @@ public:
     // The printed reports of the Print Reports menu.
     void WireReports();
     void RunReport(void (*report)(Program&, int), int code);
+    // Filters.
+    void mPrCut_Click();
+    void mnuAlphaCutOffFilter_Click();
+    void mnuSelTeamCode_Click();
+    void mnuWCAlpha_Click();
+    void mnuAttendFilter_Click();
+    void mnuFilterSelMtg_Click();
+    void mnuFilterMissedMtgs_Click();
+    void mnuTotalAttend_Click();
+    void mnuAdvFilter_Click();
+    void mnuAgeFilter_Click();
+    void mnuBaptisms_Click();
+    void mnuBapDate_Click();
+    void mnuDecisionsFilter_Click();
+    void mnuAddressFilter_Click();
+    void mnuIntLevel_Click();
+    void mnuMailList_Click();
+    void mnuNeedInterview_Click();
+    void mnuNotes_Click();
+    void munPre_Click();
+    void mnuReligion_Click();
+    void mnuZips_Click();
+    void mnuMarked_Click();
+    void mnuMarkMarkers_Click();
+    // What one Filters entry builds, paints and says.
+    struct FilterStart {
+        FilterStart(std::string k, int n, std::string o, std::string l, std::vector<forms::Control*> h,
+                    std::string m, std::string e)
+            : kind(std::move(k)), number(n), option(std::move(o)), label(std::move(l)), highlight(std::move(h)),
+              message(std::move(m)), empty(std::move(e)) {}
+        std::string kind;
+        int number = 0;
+        std::string option;
+        std::string label;                       // EditLabel; empty keeps the screen's own
+        std::vector<forms::Control*> highlight;  // the fields the list looks at
+        std::string message;
+        std::string empty;                       // said when nobody is in the list
+        std::string ending;                      // the message's last line; empty for the usual one
+        bool emptySaidByBuilder = false;
+    };
+    // Saves, builds and shows the first person; false when there is nobody or the operator backed out.
+    bool StartFilter(const FilterStart& f);
 
     // Enables a control unless its work is not part of the program yet.
     void Enable(forms::Control& c, bool on);
@@ -440,6 +483,9 @@ private:
     void Highlight(forms::Control& c);
     void SetAttendanceCaption();
     std::set<const forms::Control*> notBuilt_;
+    // Filters.
+    void WireFilters();
+    int ShowAllPlace[4] = {};   // ShowAll's place on the bar; a filter moves it where the search box was
 };
 
 // Coded fields, add and save, search.

@@ -242,49 +242,5 @@ void EditForm::btnGoTo_Click() {
     OpenRNum = RNum.Text();
 }
 
-void EditForm::ShowAll_Click() {
-    SetTopMenus(true);
-    for (Control* c : std::initializer_list<Control*>{&SearchBox, &SearchBoxLabel, &FndNameBx, &btnGlobal,
-                                                      &btnAddName, &btnSDA, &btnDelete, &btnUndelete, &btnMark,
-                                                      &btnGoTo, &btnUndo, &btnAttend, &btnViewFile, &btnExcel,
-                                                      &btnStats, &lblNextFieldBtn})
-        c->SetVisible(true);
-    lblShowButtonLabels.SetVisible(p.ShowButtonLabels);
-    lblShowButtonLabels.SetCaption(ButtonLabelsText);
-    FndNameBx.SetCaption("");
-    p.SavedIndex = 0;
-    SetBackColor();
-    for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(true);
-    bool keep = p.SortName == "interest" || p.SortName == "baptism" || vb::Left(p.SortName, 9) == "decisions";
-    ShowAll.SetVisible(keep);
-    if (p.IndexCount != 0 && !SaveChanges()) return;
-    if (p.SortName != "alpha") RebuildAlpha(p);
-    if (p.IndexCount == 0) return;
-    FetchCurrentRecord(p);
-    ShowRecord();
-    SetupScreen("");
-    EditLabel.SetCaption("All Names Sorted Alphabeticaly");
-}
-
-void EditForm::EditLabel_DblClick() {
-    std::string stem = p.SortName;
-    for (const char* s : {"attendnight", "missednight", "SelWCAttend", "decisions"})
-        if (vb::Left(stem, static_cast<long>(std::string(s).size())) == s) stem = s;
-    if (stem.empty() || stem == "alpha" || stem == "alphafilter") return;
-    static const std::pair<const char*, const char*> rerun[] = {
-        {"wcalpha", "mnuWCAlpha"}, {"interest", "mnuIntLevel"}, {"baptism", "mnuBaptisms"},
-        {"date", "mnuBapDate"}, {"attend", "mnuAttendFilter"}, {"zip", "mnuZips"},
-        {"religion", "mnuReligion"}, {"attendnight", "mnuFilterSelMtg"}, {"mail", "mnuMailList"},
-        {"DupAddress", "mnuAddressFilter"}, {"PreCrusade", "munPre"}, {"Advertising", "mnuAdvFilter"},
-        {"marked", "mnuMarked"}, {"SelWCAttend", "mnuSelTeamCode"}};
-    for (const auto& [s, menu] : rerun)
-        if (stem == s) {
-            Control* m = FindControl(menu);
-            if (m && m->Enabled()) m->Fire(m->Click);
-            return;
-        }
-    ShowAll_Click();
-}
-
 void EditForm::Label17_DblClick() { Notes.SetText(""); }
 

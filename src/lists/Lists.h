@@ -13,6 +13,19 @@ namespace lists {
 // the builder's second argument ("Al", "TC", a wanted value). Leaves SortIndex,
 // IndexCount, SortName, PriorSortName and CurrentIndex set and does not touch the
 // screen. False when the kind is unknown or the operator cancelled a question.
+//
+// Kinds that take a number: "attendnight", "missednight", "SelWCAttend" (the
+// team), "decisions" (the decision, 1 to 9), "IntCard" (the answers as the card
+// report reads them: 1 for four meetings or more, plus 2 for any team or 4 for
+// an assigned team), "TotalAttend" (the total; 0 keeps FilterTotalAttend).
+// Options: "religion" the wanted value ("SDA" for the church's own members);
+// "interest" "TC" to put the team first, "F" to take level F too, or "TCF";
+// "TotalAttend" "TC" as well, for the team report;
+// "baptism" "TC"; "SelWCAttend" the team code when it is not given as the
+// number ("00"), and "Al" behind it or alone for alphabetical order; "decisions" "IL"
+// or "Al" to arrange by interest level or not without asking; "TotalAttend"
+// "equal" or "atleast" without the dialog; "DupAddress" the mode of
+// BuildDuplicates.
 bool BuildList(Program& p, const std::string& kind, int number = 0, const std::string& option = "");
 
 // The comb sort reversed, without the whole-entry case.
@@ -20,5 +33,21 @@ void SortDescending(ProgramState& p);
 
 // Keeps the people of the current list who pass PrintCutOff, rebuilt and sorted.
 void ApplyCutOff(ProgramState& p);
+
+// Rebuilds the list named by a SortName ("decisions3", "attendnight07", ...)
+// after the cut-off changed. False when the name has no rule.
+bool SelectFilter(Program& p, const std::string& name);
+
+// People who share an address. `mode` "team error" keeps pairs of different
+// teams, "last name" pairs of different last names, any other all of them.
+void BuildDuplicates(ProgramState& p, const std::string& mode);
+
+// Addresses that get no mail label or more than one, counted in FamilyCount.
+// False (the operator has been told, the list is as it was) when more people
+// share one address than the clean-up can hold.
+bool BuildCleanMailList(Program& p);
+
+// The most people at one address the clean-up looks at.
+inline constexpr int MaxFamily = 100;
 
 }  // namespace lists

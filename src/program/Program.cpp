@@ -2,6 +2,8 @@
 
 #include "edit/EditForm.h"
 #include "reports/PrintReports.h"
+#include "lists/SelDecFm.h"
+#include "lists/frmFilters.h"
 #include "startup/frmSplash.h"
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
@@ -62,3 +64,12 @@ PrintReports& Program::Reports() {
 }
 
 bool Program::ReportsLoaded() const { return reports_ && reports_->Loaded(); }
+SelDecFm& Program::SelDec() {
+    if (!selDec_) selDec_ = std::make_unique<SelDecFm>(*this);
+    return *selDec_;
+}
+
+frmFilters& Program::Filters() {
+    if (!filters_) filters_ = std::make_unique<frmFilters>(*this);
+    return *filters_;
+}

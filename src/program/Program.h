@@ -12,6 +12,8 @@ class AttendF;
 class AttendFieldUpdate;
 class AppointmentFm;
 class PrintReports;
+class SelDecFm;
+class frmFilters;
 
 struct Program : ProgramState {
     Program(host::Host& host, std::string appPath);
@@ -31,11 +33,16 @@ struct Program : ProgramState {
     AppointmentFm& Appointment();
     PrintReports& Reports();
     bool ReportsLoaded() const;
+    SelDecFm& SelDec();
+    frmFilters& Filters();
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
     // The meeting whose heading the prayer file got last in this run.
     int LastPrayerMeeting = 0;
+
+    // Households of the mail-list clean-up that need the operator's choice.
+    int FamilyCount = 0;
 
 private:
     std::unique_ptr<EditForm> editForm_;
@@ -44,4 +51,6 @@ private:
     std::unique_ptr<AttendFieldUpdate> attendUpdate_;
     std::unique_ptr<AppointmentFm> appointment_;
     std::unique_ptr<PrintReports> reports_;
+    std::unique_ptr<SelDecFm> selDec_;
+    std::unique_ptr<frmFilters> filters_;
 };

@@ -2,6 +2,7 @@
 
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -262,6 +263,108 @@ private:
 
 }  // namespace
 
+namespace {
+
+// A key's first 16 bytes as two numbers that order as memcmp does; the rest is
+// read from the keys only when those are equal, which keeps the sort in the cache.
+struct SortItem {
+    std::uint64_t head, next;
+    std::uint32_t at;
+};
+
+std::uint64_t Head(const unsigned char* k, std::size_t from, std::size_t width) {
+    std::uint64_t h = 0;
+    for (std::size_t b = from; b < from + 8; ++b) h = (h << 8) | (b < width ? k[b] : 0u);
+    return h;
+}
+
+// The gap rule of the comb sort; the passes stop after a gap of 1 without a swap.
+int NextGap(int gap) {
+    gap = static_cast<int>(std::floor(gap / 1.3));
+    if (gap == 0) gap = 1;
+    if (gap == 9 || gap == 10) gap = 11;
+    return gap;
+}
+
+// The comb sort on the entries themselves, for lists whose entries differ in
+// length (an add-mode entry among them).
+void CombSortStrings(std::vector<std::string>& s, int n, std::size_t width, bool descending) {
+    int gap = n;
+    bool swapped;
+    do {
+        gap = NextGap(gap);
+        swapped = false;
+        for (int i = 1; i <= n - gap; ++i) {
+            std::string_view a = Tail(s[i], width), b = Tail(s[i + gap], width);
+            if (descending ? Greater(b, a) : Greater(a, b)) {
+                std::swap(s[i], s[i + gap]);
+                swapped = true;
+            }
+        }
+    } while (gap != 1 || swapped);
+}
+
+// Sorts entries 1..n of equal length through their keys laid end to end.
+void CombSortList(ProgramState& p, std::size_t width, bool descending) {
+    const int n = p.IndexCount;
+    std::vector<std::string>& s = p.SortIndex;
+    const std::size_t len = s[1].size();
+    bool sameLength = true;
+    for (int i = 2; i <= n && sameLength; ++i) sameLength = s[i].size() == len;
+    if (!sameLength) return CombSortStrings(s, n, width, descending);
+    std::string keys(static_cast<std::size_t>(n) * width, '\0');
+    for (int i = 1; i <= n; ++i)
+        std::memcpy(keys.data() + static_cast<std::size_t>(i - 1) * width, s[i].data() + (len - width), width);
+    std::vector<int> order = CombSortOrder(keys.data(), width, width, n, descending);
+    std::vector<std::string> sorted(static_cast<std::size_t>(n) + 1);
+    sorted[0] = std::move(s[0]);
+    for (int k = 0; k < n; ++k) sorted[static_cast<std::size_t>(k) + 1] = std::move(s[static_cast<std::size_t>(order[k]) + 1]);
+    s.swap(sorted);
+    s.resize(static_cast<std::size_t>(n) + 1);
+}
+
+}  // namespace
+
+std::vector<int> CombSortOrder(const char* keys, std::size_t stride, std::size_t width, int n, bool descending) {
+    std::vector<SortItem> items(static_cast<std::size_t>(std::max(n, 0)));
+    const auto* base = reinterpret_cast<const unsigned char*>(keys);
+    for (int i = 0; i < n; ++i) {
+        const unsigned char* k = base + static_cast<std::size_t>(i) * stride;
+        items[static_cast<std::size_t>(i)] = {Head(k, 0, width), Head(k, 8, width), static_cast<std::uint32_t>(i)};
+    }
+    const std::size_t rest = width > 16 ? width - 16 : 0;
+    auto greater = [&](const SortItem& a, const SortItem& b) {
+        if (a.head != b.head) return a.head > b.head;
+        if (a.next != b.next) return a.next > b.next;
+        return rest != 0 && std::memcmp(base + a.at * stride + 16, base + b.at * stride + 16, rest) > 0;
+    };
+    // Keys end in the record number, so no two are equal and the comb sort's
+    // result is the one sorted order: any sort finds it. Only where two keys
+    // are equal does the order of the swaps show, and the comb sort runs itself.
+    std::vector<SortItem> first = items;
+    auto before = [&](const SortItem& a, const SortItem& b) { return descending ? greater(a, b) : greater(b, a); };
+    std::sort(items.begin(), items.end(), before);
+    bool tie = false;
+    for (int i = 0; i + 1 < n && !tie; ++i) tie = !before(items[i], items[i + 1]);
+    if (tie) items.swap(first);
+    int gap = n;
+    bool swapped;
+    if (tie && n > 1) do {
+        gap = NextGap(gap);
+        swapped = false;
+        SortItem* it = items.data();
+        for (int i = 0; i < n - gap; ++i) {
+            if (descending ? greater(it[i + gap], it[i]) : greater(it[i], it[i + gap])) {
+                std::swap(it[i], it[i + gap]);
+                swapped = true;
+            }
+        }
+    } while (gap != 1 || swapped);
+    std::vector<int> order(items.size());
+    for (std::size_t k = 0; k < items.size(); ++k) order[k] = static_cast<int>(items[k].at);
+    return order;
+}
+
 void SortEntries(ProgramState& p) {
     int n = p.IndexCount;
     if (n == 0) return;
@@ -269,20 +372,15 @@ void SortEntries(ProgramState& p) {
     std::vector<std::string>& s = p.SortIndex;
     std::size_t width = s[1].size() >= 4 ? s[1].size() - 4 : 0;
     if (p.SortName == "byNum") width = s[1].size();
-    int gap = n;
-    bool swapped;
-    do {
-        gap = static_cast<int>(std::floor(gap / 1.3));
-        if (gap == 0) gap = 1;
-        if (gap == 9 || gap == 10) gap = 11;
-        swapped = false;
-        for (int i = 1; i <= n - gap; ++i) {
-            if (Greater(Tail(s[i], width), Tail(s[i + gap], width))) {
-                std::swap(s[i], s[i + gap]);
-                swapped = true;
-            }
-        }
-    } while (gap != 1 || swapped);
+    CombSortList(p, width, false);
+}
+
+void SortDescending(ProgramState& p) {
+    int n = p.IndexCount;
+    if (n == 0) return;
+    BusyPointer busy(p.host);
+    const std::string& first = p.SortIndex[1];
+    CombSortList(p, first.size() >= 4 ? first.size() - 4 : 0, true);
 }
 
 int FindByNumber(const ProgramState& p) {

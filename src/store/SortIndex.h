@@ -1,12 +1,20 @@
 #pragma once
 // SortIndex: the in-memory list every screen and report walks, and FullLoad,
 // the pass that repairs every record and builds the "alpha" list.
+#include <cstddef>
 #include <string>
+#include <vector>
 
 struct ProgramState;
 
 // Comb sort of entries 1..IndexCount on the last `width` characters.
 void SortEntries(ProgramState& p);
+// The same sort with the comparison reversed, always on all but the first 4 characters.
+void SortDescending(ProgramState& p);
+// The comb sort over `n` keys of `width` bytes laid `stride` bytes apart from
+// `keys`: the order afterwards, as each place's position before (0-based).
+// Same swaps as on the entries themselves, so the same result, ties included.
+std::vector<int> CombSortOrder(const char* keys, std::size_t stride, std::size_t width, int n, bool descending);
 // Position of the first entry whose number is MasterRec's RNum; 0 when none.
 int FindByNumber(const ProgramState& p);
 // Rebuilds the "alpha" list from the file, skipping deleted records, and sorts it.

@@ -1,0 +1,166 @@
+// Each kind of list over the hand-made crusade: who is kept, the key, the order.
+#include <gtest/gtest.h>
+
+#include "lists/Lists.h"
+#include "lists/ListCrusade.h"
+#include "store/SortIndex.h"
+
+namespace {
+
+struct Row {
+    const char* kind;
+    int number;
+    const char* option;
+    std::size_t length;
+    std::vector<std::string> entries;
+};
+
+// Cut-off 2: Cy (Last 2) and the second Ann Lee (Last 2) sit at it.
+const Row Rows[] = {
+    // Equal keys stay in record order; the number in front takes no part.
+    {"alpha", 0, "", 15,
+     {"0103ADAMSCY_3", "0105BROWNED_5", "0106BURKEFL_6", "0104COLE_DI_4", "0101LEE_AN_1", "0090LEE_AN_9", "0102LEE_BO_2"}},
+    {"alphafilter", 0, "", 15,
+     {"0103ADAMSCY_3", "0105BROWNED_5", "0106BURKEFL_6", "0104COLE_DI_4", "0101LEE_AN_1", "0102LEE_BO_2"}},
+    {"undelete", 0, "", 15, {"0107CRUZ_GU_7"}},
+    // Not cut: a person below the cut-off shows here and not under "age".
+    {"notes", 0, "", 31, {"0090LEE_Ann_9", "0102LEE_Bob_2"}},
+    {"religion", 0, "", 51,
+     {"0105_BROWN_Ed_5", "0106Baptist_BURKE_Flo_6", "0101Baptist_LEE_Ann_1", "0104Catholic_COLE_Di_4",
+      "0103Mormon_ADAMS_Cy_3", "0102SDA_LEE_Bob_2"}},
+    {"religion", 0, "Other", 51, {"0105_BROWN_Ed_5", "0103Mormon_ADAMS_Cy_3"}},
+    {"religion", 0, "SDA", 51, {"0102SDA_LEE_Bob_2"}},
+    // Di heard the Sabbath sermon (8); her visit after it is in the fourth group.
+    {"needsabvis", 0, "", 31, {"0104COLE_Di_4"}},
+    {"age", 0, "", 41,
+     {"010320-29_ADAMS_Cy_3", "010130-39_LEE_Ann_1", "010240-49_LEE_Bob_2", "010550-59_BROWN_Ed_5",
+      "010660-70_BURKE_Flo_6", "0104NIF_COLE_Di_4"}},
+    {"TotalAttend", 2, "atleast", 33, {"010110LEE_Ann_1", "010403COLE_Di_4", "010303ADAMS_Cy_3", "010202LEE_Bob_2"}},
+    {"TotalAttend", 1, "equal", 33, {"010601BURKE_Flo_6", "010501BROWN_Ed_5"}},
+    {"attend", 0, "", 34,
+     {"0103989ADAMS_Cy_3", "0104989COLE_Di_4", "0101989LEE_Ann_1", "0102990LEE_Bob_2", "0105992BROWN_Ed_5",
+      "0106993BURKE_Flo_6"}},
+    // Ignores the cut-off.
+    {"attendnight", 1, "", 31, {"0103ADAMS_Cy_3", "0101LEE_Ann_1", "0090LEE_Ann_9"}},
+    // Keeps Last equal to the cut-off.
+    {"missednight", 3, "", 31, {"0105BROWN_Ed_5", "0106BURKE_Flo_6", "0090LEE_Ann_9"}},
+    {"interest", 0, "", 32, {"0101ALEE_ANN_1", "0104BCOLE_DI_4", "0090CLEE_ANN_9", "0102GLEE_BOB_2"}},
+    {"interest", 0, "TC", 34, {"010400BCOLE_DI_4", "010101ALEE_ANN_1", "009002CLEE_ANN_9", "010202GLEE_BOB_2"}},
+    // Ed's Last is meeting 10 minus 3 and stays; Flo's is minus 4.
+    {"NoAssignedInterest", 0, "", 32, {"0105_BROWN_ED_5"}},
+    {"PreCrusade", 0, "", 31, {"0103ADAMS_CY_3", "0101LEE_ANN_1"}},
+    // Seven marks for Ann: ten entries from nine records.
+    {"Advertising", 0, "", 32,
+     {"0103IAdams_CY_3", "0101ILee_ANN_1", "0101MLee_ANN_1", "0104NCole_DI_4", "0101NLee_ANN_1", "0101OLee_ANN_1",
+      "0103PAdams_CY_3", "0101PLee_ANN_1", "0101RLee_ANN_1", "0101TLee_ANN_1"}},
+    {"NeedInterview", 0, "", 32, {"0101ALEE_ANN_1", "0104BCOLE_DI_4"}},
+    {"WCNeedInterview", 0, "", 34, {"010400BCOLE_DI_4", "010101ALEE_ANN_1"}},
+    {"NeedDate", 0, "", 32, {"0101ALEE_ANN_1", "0104BCOLE_DI_4"}},
+    {"FutureBapDateSet", 0, "", 39, {"010612/25/26BURKE_FLO_6"}},
+    {"InterviewRemain", 0, "", 35, {"0090A107LEE_ANN_9"}},
+    {"BaptClass", 0, "", 35, {"0090A107LEE_ANN_9", "0103A208ADAMS_CY_3", "0102AN04LEE_BOB_2"}},
+    {"IntCard", 2, "", 50,
+     {"010400COLE_DI_4", "010301ADAMS_CY_3", "010101LEE_ANN_1", "010503BROWN_ED_5", "010603BURKE_FLO_6"}},
+    {"IntCard", 5, "", 50, {"010101LEE_ANN_1"}},
+    {"mail", 0, "", 58,
+     {"010510001_BROWN_ED_5", "010610001_BURKE_FLO_6", "010462701_COLE_DI_4", "010162701_LEE_ANN_1",
+      "009062701_LEE_ANN_9", "010362702_ADAMS_CY_3"}},
+    {"zip", 0, "", 88,
+     {"010510001_9_ELM_AVE_BROWN_ED_5", "010610001_9_ELM_AVE_BURKE_FLO_6", "010162701_12_OAK_ST_LEE_ANN_1",
+      "010262701_12_OAK_ST_LEE_BOB_2", "010462701_ADDRESS_UNKNOWN_COLE_DI_4", "010362702_12_OAK_ST_ADAMS_CY_3"}},
+    {"date", 0, "", 56, {"010220260304LEE_BOB_2", "010620261225BURKE_FLO_6"}},
+    {"map", 0, "", 47,
+     {"010498900_989COLE_Di_4", "010398901_989ADAMS_Cy_3", "010198901M1_989LEE_Ann_1", "010299002_990LEE_Bob_2",
+      "010599203_992BROWN_Ed_5", "010699303_993BURKE_Flo_6"}},
+    {"wcattend", 0, "", 36,
+     {"010400989COLE_Di_4", "010301989ADAMS_Cy_3", "010101989LEE_Ann_1", "010202990LEE_Bob_2",
+      "010503992BROWN_Ed_5", "010603993BURKE_Flo_6"}},
+    {"SelWCAttend", 3, "", 36, {"010503992BROWN_Ed_5", "010603993BURKE_Flo_6"}},
+    {"SelWCAttend", 3, "Al", 36, {"010503000BROWN_Ed_5", "010603000BURKE_Flo_6"}},
+    {"wcalpha", 0, "", 50,
+     {"010400COLE_DI_4", "010301ADAMS_CY_3", "010101LEE_ANN_1", "010202LEE_BOB_2", "010503BROWN_ED_5",
+      "010603BURKE_FLO_6"}},
+    {"baptism", 0, "", 31, {"0102LEE_BOB_2"}},
+    {"baptism", 0, "TC", 33, {"010202LEE_BOB_2"}},
+    {"marked", 0, "", 31, {"0102LEE_BOB_2"}},
+    // Cy made decision 2 but stands at level D; Di's is written in her attendance.
+    {"decisions", 2, "Al", 31, {"0104COLE_DI_4"}},
+    {"decisions", 1, "Al", 31, {"0101LEE_ANN_1", "0102LEE_BOB_2"}},
+    {"decisions", 9, "IL", 32, {"0102GLEE_BOB_2"}},
+};
+
+}  // namespace
+
+TEST(BuildList, EveryKindSelectsKeysAndOrdersAsItsRuleSays) {
+    ListCrusade l;
+    for (const Row& row : Rows) {
+        SCOPED_TRACE(std::string(row.kind) + " " + std::to_string(row.number) + " " + row.option);
+        l.c.p.SortName = "alpha";
+        ASSERT_TRUE(lists::BuildList(l.c.p, row.kind, row.number, row.option));
+        EXPECT_EQ(row.entries, l.Squeezed());
+        for (int i = 1; i <= l.c.p.IndexCount; ++i) EXPECT_EQ(row.length, l.c.p.SortIndex[i].size());
+        EXPECT_EQ(1, l.c.p.CurrentIndex);
+    }
+}
+
+TEST(BuildList, NamesItsListAndRemembersTheOneBefore) {
+    ListCrusade l;
+    ProgramState& p = l.c.p;
+    const std::pair<std::pair<const char*, int>, const char*> named[] = {
+        {{"notes", 0}, "notes"},          {{"attendnight", 1}, "attendnight01"}, {{"missednight", 3}, "missednight03"},
+        {{"SelWCAttend", 3}, "SelWCAttend03"}, {{"decisions", 2}, "decisions2"}, {{"alpha", 0}, "alpha"}};
+    std::string before = p.SortName;
+    for (const auto& [what, name] : named) {
+        ASSERT_TRUE(lists::BuildList(l.c.p, what.first, what.second, "Al"));
+        EXPECT_EQ(name, p.SortName);
+        // Only the "alpha" list names its kind in entry 0.
+        EXPECT_EQ(std::string(name) == "alpha" ? "alpha" : "", p.SortIndex[0]);
+    }
+    // After a filter and the way back to all names, the filter is the one before.
+    EXPECT_EQ("decisions2", p.PriorSortName);
+    EXPECT_FALSE(lists::BuildList(l.c.p, "nonsense"));
+}
+
+TEST(BuildList, AnEmptyCrusadeGivesEmptyListsAndNoPerson) {
+    ListCrusade l(std::vector<Person>{});
+    for (const char* kind : {"alpha", "notes", "attend", "mail", "DupAddress"}) {
+        ASSERT_TRUE(lists::BuildList(l.c.p, kind));
+        EXPECT_EQ(0, l.c.p.IndexCount) << kind;
+        EXPECT_EQ(0, l.c.p.CurrentIndex) << kind;
+    }
+}
+
+TEST(ApplyCutOff, KeepsThosePastTheCutOffUnderTheirFullNames) {
+    ListCrusade l;
+    ASSERT_TRUE(lists::BuildList(l.c.p, "alpha"));
+    lists::ApplyCutOff(l.c.p);
+    EXPECT_EQ((std::vector<std::string>{"0103ADAMS_CY_3", "0105BROWN_ED_5", "0106BURKE_FLO_6", "0104COLE_DI_4",
+                                        "0101LEE_ANN_1", "0102LEE_BOB_2"}),
+              l.Squeezed());
+}
+
+TEST(SelectFilter, RebuildsAListFromItsNameWithoutAsking) {
+    ListCrusade l;
+    // "alpha" comes back as the attendance list; team "00" has no number of its own.
+    const std::tuple<const char*, int, const char*> names[] = {{"attendnight01", 3, "attendnight01"},
+                                                               {"SelWCAttend00", 1, "SelWCAttend00"},
+                                                               {"decisions2", 1, "decisions2"},
+                                                               {"alpha", 6, "attend"},
+                                                               {"missednight03", 3, "missednight03"}};
+    for (const auto& [name, count, built] : names) {
+        ASSERT_TRUE(lists::SelectFilter(l.c.p, name)) << name;
+        EXPECT_EQ(count, l.c.p.IndexCount) << name;
+        EXPECT_EQ(built, l.c.p.SortName);
+    }
+    EXPECT_FALSE(lists::SelectFilter(l.c.p, "Need a Filter"));
+}
+
+TEST(SortEntries, EqualKeysLeaveTheEntriesWhereTheCombSortsSwapsPutThem) {
+    // Only a record number past 9999 can repeat a key; then the order of the swaps shows.
+    ListCrusade l(std::vector<Person>{});
+    ProgramState& p = l.c.p;
+    p.SortIndex = {"alpha", "0001B   2", "0002B   2", "0003A   1"};
+    p.IndexCount = 3;
+    SortEntries(p);
+    EXPECT_EQ((std::vector<std::string>{"alpha", "0003A   1", "0002B   2", "0001B   2"}), p.SortIndex);
+}

@@ -1,0 +1,135 @@
+// The Filters menu on the edit screen: questions, caption, count, painted fields,
+// the message, and the way back to all names.
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include "lists/ListCrusade.h"
+#include "lists/SelDecFm.h"
+#include "lists/frmFilters.h"
+
+namespace {
+
+struct OnScreen {
+    TestCrusade c;
+    EditForm& e;
+    OnScreen() : e(Show(c)) { c.p.PrintCutOff = 2; }
+    static EditForm& Show(TestCrusade& c) {
+        std::vector<MasterRecord> recs;
+        for (const Person& s : ListPeople()) recs.push_back(ToRecord(s));
+        return c.ShowOnEditScreen(recs);
+    }
+    void Pick(const std::string& menu) {
+        forms::Control* m = e.FindControl(menu);
+        ASSERT_TRUE(m && m->Enabled()) << menu;
+        m->UserClick();
+    }
+};
+
+struct Row {
+    const char* menu;
+    std::function<void(ScriptedHost&)> answers;
+    const char* message;
+    const char* label;
+    const char* counter;
+    const char* first;   // last name and first name of the person shown
+    const char* painted;
+};
+
+}  // namespace
+
+TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
+    const Row rows[] = {
+        {"mnuNotes", nullptr, "NOTES on their cards.", "Cards with Notes", "1 of 2", "Lee Ann", "Notes"},
+        {"mnuFilterSelMtg", [](ScriptedHost& h) { h.ExpectInput("Must be between 1 and 10", "1"); },
+         "ATTENDED MEETING 1", "Attendance for \r\nMtg: 01", "1 of 3", "Adams Cy", "Attendance"},
+        {"mnuFilterMissedMtgs", [](ScriptedHost& h) { h.ExpectInput("since meeting (2)", "3"); },
+         "who have missed 3 night(s).", "Missed Last 3", "1 of 3", "Brown Ed", "Last"},
+        {"mnuSelTeamCode", [](ScriptedHost& h) { h.ExpectInput("Team Code (01-20)", "3"); },
+         "ASSIGNED TO Team #  3", "TEAM: 03:Team #  3", "1 of 2", "Brown Ed", "WorkerCode"},
+        {"mnuDecisionsFilter",
+         [](ScriptedHost& h) {
+             h.OnModal("SelDecFm", [](forms::Form& f) {
+                 auto& d = static_cast<SelDecFm&>(f);
+                 d.Dec[2].UserClick();
+                 d.OKBut.UserClick();
+             });
+         },
+         "DECISION: \r\nAccept Sabbath", "Accept Sabbath", "1 of 1", "Cole Di", "Dec"},
+        {"mnuTotalAttend",
+         [](ScriptedHost& h) {
+             h.OnModal("frmFilters", [](forms::Form& f) {
+                 auto& d = static_cast<frmFilters&>(f);
+                 d.txtTotalAttend.SetText("2");
+                 d.btnSave.UserClick();
+             });
+         },
+         "attended at least 2 times.", "Total Meetings\r\nAttended =2", "1 of 4", "Lee Ann", "Attend"},
+        {"mnuAttendFilter", [](ScriptedHost& h) { h.ExpectInput("Set Meeting Cut Off", ""); },
+         "Nightly Attendance.", "Attendance\r\nlast mtg >2", "1 of 6", "Adams Cy", "Attendance"},
+        {"mnuMarked", nullptr, "'Mark to Print' box.", "marked", "1 of 1", "Lee Bob", nullptr},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.menu);
+        OnScreen s;
+        if (row.answers) row.answers(s.c.host);
+        s.c.host.ExpectBox(row.message);
+        s.Pick(row.menu);
+        EXPECT_EQ(row.label, s.e.EditLabel.Caption());
+        EXPECT_EQ(row.counter, s.e.RecordCounter.Caption());
+        EXPECT_EQ(row.first, s.e.LName.Text() + " " + s.e.FName.Text());
+        EXPECT_FALSE(s.e.SearchBox.Visible());
+        EXPECT_TRUE(s.e.ShowAll.Visible());
+        if (row.painted) {
+            forms::Control* c = s.e.FindControl(row.painted, row.painted == std::string("Dec") ? 1 : -1);
+            EXPECT_EQ(forms::HighlightColor, c->BackColor());
+        }
+        s.c.host.Verify();
+    }
+}
+
+TEST(FiltersMenu, CancelNonsenseAndEmptyListsLeaveAllNames) {
+    OnScreen s;
+    ScriptedHost& h = s.c.host;
+    // Backing out of a question builds nothing.
+    h.ExpectInput("Select a Meeting", "");
+    s.Pick("mnuFilterSelMtg");
+    h.OnModal("SelDecFm", [](forms::Form& f) { static_cast<SelDecFm&>(f).CancelBut.UserClick(); });
+    s.Pick("mnuDecisionsFilter");
+    h.ExpectInput("Missing Names", "10").ExpectBox("You must select a meeting between 0 and 9");
+    s.Pick("mnuFilterMissedMtgs");
+    EXPECT_EQ("alpha", s.c.p.SortName);
+    // A cut-off at or above the last meeting, or not a number, is refused.
+    for (const char* answer : {"10", "abc", "-1"}) {
+        h.ExpectInput("Set Meeting Cut Off", answer).ExpectBox("You must select a meeting between 0 and 9");
+        s.Pick("mPrCut");
+        EXPECT_EQ(2, s.c.p.PrintCutOff);
+    }
+    h.ExpectInput("Set Meeting Cut Off", "4");
+    s.Pick("mPrCut");
+    EXPECT_EQ("Printer Cutoff Point (Meeting 4)", s.e.mPrCut.Caption());
+    // Nobody missed nine nights since meeting 4: said, and all names come back.
+    h.ExpectInput("Missing Names", "9").ExpectBox("There were no names who have missed 9 night(s).");
+    s.Pick("mnuFilterMissedMtgs");
+    EXPECT_EQ("alpha", s.c.p.SortName);
+    EXPECT_EQ("1 of 7", s.e.RecordCounter.Caption());
+    EXPECT_TRUE(s.e.SearchBox.Visible());
+}
+
+TEST(FiltersMenu, ShowAllKeepsThePersonAndADoubleClickReturnsToTheFilter) {
+    OnScreen s;
+    s.c.host.ExpectBox("NOTES on their cards.");
+    s.Pick("mnuNotes");
+    s.e.ChgRec[2].UserClick();   // Bob Lee, second of the notes list
+    EXPECT_EQ("Bob", s.e.FName.Text());
+    s.e.ShowAll.UserClick();
+    EXPECT_EQ("alpha", s.c.p.SortName);
+    EXPECT_EQ("Bob", s.e.FName.Text());
+    EXPECT_EQ("7 of 7", s.e.RecordCounter.Caption());
+    EXPECT_TRUE(s.e.SearchBox.Visible());
+    EXPECT_EQ("All Names Sorted Alphabeticaly", s.e.EditLabel.Caption());
+    s.c.host.ExpectBox("NOTES on their cards.");
+    s.e.EditLabel.UserDblClick();
+    EXPECT_EQ("notes", s.c.p.SortName);
+    EXPECT_EQ("1 of 2", s.e.RecordCounter.Caption());
+}

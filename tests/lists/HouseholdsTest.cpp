@@ -1,0 +1,93 @@
+// People who share an address, and the mail-list clean-up.
+#include <gtest/gtest.h>
+
+#include "lists/Lists.h"
+#include "lists/ListCrusade.h"
+
+TEST(BuildDuplicates, ComparesOnlyNeighboursInEachMode) {
+    // Three at 12 Oak St (Adams 01, Lee 01, Lee 02), two at 9 Elm Ave (both 03),
+    // one alone on Pine Rd, and an "Address Unknown" that is never a duplicate.
+    ListCrusade l;
+    const std::tuple<const char*, const char*, std::vector<std::string>> modes[] = {
+        {"All", "DupAddress",
+         {"010312_OAK_ST_ADAMS_CY_01_3", "010112_OAK_ST_LEE_ANN_01_1", "010212_OAK_ST_LEE_BOB_02_2",
+          "01059_ELM_AVE_BROWN_ED_03_5", "01069_ELM_AVE_BURKE_FLO_03_6"}},
+        // The two Lees are neighbours with one name: Bob drops out, Ann stays beside Adams.
+        {"last name", "NDupAddress",
+         {"010312_OAK_ST_ADAMS_CY_01_3", "010112_OAK_ST_LEE_ANN_01_1", "01059_ELM_AVE_BROWN_ED_03_5",
+          "01069_ELM_AVE_BURKE_FLO_03_6"}},
+        {"team error", "TDupAddress", {"010112_OAK_ST_LEE_ANN_01_1", "010212_OAK_ST_LEE_BOB_02_2"}},
+    };
+    for (const auto& [mode, name, expected] : modes) {
+        SCOPED_TRACE(mode);
+        lists::BuildDuplicates(l.c.p, mode);
+        EXPECT_EQ(name, l.c.p.SortName);
+        EXPECT_EQ(expected, l.Squeezed());
+        EXPECT_EQ(80u, l.c.p.SortIndex[1].size());
+    }
+}
+
+TEST(BuildDuplicates, AnUnknownAddressInAnyCaseIsNeverShared) {
+    std::vector<Person> people = ListPeople();
+    people[4].address = "address unknown", people[5].address = "ADDRESS UNKNOWN";
+    ListCrusade l(people);
+    lists::BuildDuplicates(l.c.p, "All");
+    EXPECT_EQ((std::vector<std::string>{"010312_OAK_ST_ADAMS_CY_01_3", "010112_OAK_ST_LEE_ANN_01_1",
+                                        "010212_OAK_ST_LEE_BOB_02_2"}),
+              l.Squeezed());
+}
+
+TEST(BuildCleanMailList, KeepsAddressesWithNoLabelOrMoreThanOne) {
+    struct Case {
+        const char* what;
+        std::vector<int> noLabel;   // records whose MailList is 0 (Bob, record 2, always)
+        int families;
+        std::vector<std::string> entries;
+    };
+    const Case cases[] = {
+        {"two labels at the address of three", {2}, 2,
+         {"010312_OAK_ST_ADAMS_CY_01M0001_3", "010112_OAK_ST_LEE_ANN_01M0001_1", "010212_OAK_ST_LEE_BOB_02N0001_2",
+          "01059_ELM_AVE_BROWN_ED_03M0002_5", "01069_ELM_AVE_BURKE_FLO_03M0002_6"}},
+        // The settled address gives its group number to the next one.
+        {"one label at the address of three", {2, 3}, 1,
+         {"01059_ELM_AVE_BROWN_ED_03M0001_5", "01069_ELM_AVE_BURKE_FLO_03M0001_6"}},
+        {"no label at the address of three", {1, 2, 3}, 2,
+         {"010312_OAK_ST_ADAMS_CY_01N0001_3", "010112_OAK_ST_LEE_ANN_01N0001_1", "010212_OAK_ST_LEE_BOB_02N0001_2",
+          "01059_ELM_AVE_BROWN_ED_03M0002_5", "01069_ELM_AVE_BURKE_FLO_03M0002_6"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        std::vector<Person> people = ListPeople();
+        for (int n : c.noLabel) people[n - 1].mail = 0;
+        ListCrusade l(people);
+        ASSERT_TRUE(lists::BuildCleanMailList(l.c.p));
+        EXPECT_EQ("CleanMailList", l.c.p.SortName);
+        EXPECT_EQ(c.families, l.c.p.FamilyCount);
+        EXPECT_EQ(c.entries, l.Squeezed());
+        EXPECT_EQ(85u, l.c.p.SortIndex[1].size());
+    }
+}
+
+TEST(BuildCleanMailList, ACleanListSaysSoAndShowsTheMailList) {
+    std::vector<Person> people = ListPeople();
+    people[2].mail = 0, people[5].mail = 0;   // one label left at each address
+    ListCrusade l(people);
+    l.c.host.ExpectBox("There are no addresses with more than one mail label.  The list is clean.");
+    ASSERT_TRUE(lists::BuildCleanMailList(l.c.p));
+    EXPECT_EQ("mail", l.c.p.SortName);
+    EXPECT_EQ(0, l.c.p.FamilyCount);
+    EXPECT_EQ(6, l.c.p.IndexCount);
+}
+
+TEST(BuildCleanMailList, MorePeopleAtOneAddressThanItHoldsIsToldAndChangesNothing) {
+    std::vector<std::string> numbers;
+    for (int i = 0; i <= lists::MaxFamily; ++i) numbers.push_back(std::to_string(1000 + i));
+    std::vector<Person> people(numbers.size(), ListPeople()[0]);
+    for (std::size_t i = 0; i < people.size(); ++i) people[i].rnum = numbers[i].c_str();
+    ListCrusade l(people);
+    ASSERT_TRUE(lists::BuildList(l.c.p, "notes"));
+    l.c.host.ExpectBox("More than 100 people have an address beginning \"12 OAK ST\"");
+    EXPECT_FALSE(lists::BuildCleanMailList(l.c.p));
+    EXPECT_EQ("notes", l.c.p.SortName);
+    EXPECT_EQ(0, l.c.p.IndexCount);
+}
