@@ -324,7 +324,8 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
     a.wanted = option;
     a.teamFirst = Has(option, "TC");
     std::string sortName = kind;
-    if (kind == "interest") a.includeF = Has(option, "F");
+    // Level F counts when the preview's "Include 'F'" box is checked.
+    if (kind == "interest") a.includeF = Has(option, "F") || p.IncludeFLevel;
     if (kind == "attendnight") {
         if (number == 0 && (a.number = AskMeetingToView(p)) == 0) return false;
         sortName += TwoDigits(a.number);

@@ -505,8 +505,8 @@ void PrintReports::SelectFilter() {
     std::string builder = k.stem;
     int number = k.number;
     std::string option;
-    // The master lists are rebuilt with the cut-off they are shown with.
-    if (builder == "alpha") builder = "alphafilter";
+    // The master lists are all rebuilt as the attendance list, in its order.
+    if (builder == "alpha" || builder == "alphafilter") builder = "attend";
     if (builder == "SelWCAttend") option = optSortOpt[1].Value() ? "At" : "Al";
     if ((builder == "interest" || builder == "baptism") && chkTeam.Value()) option = "TC";
     if (builder == "religion") option = Church;
