@@ -8,14 +8,17 @@ std::int16_t CountAttendance(std::string& attendance, std::int16_t& last) {
 }
 
 std::int16_t CountAttendance(char* attendance, std::size_t size, std::int16_t& last) {
+    const std::size_t n = size < 40 ? size : 40;
+    // Plain loops without early exits, so that each runs in vector steps: the
+    // load pass counts every person this way.
+    for (std::size_t i = 0; i < n; ++i) attendance[i] = attendance[i] == ' ' ? '-' : attendance[i];
     std::int16_t total = 0;
-    for (std::size_t i = 0; i < 40 && i < size; ++i) {
-        if (attendance[i] == ' ') attendance[i] = '-';
-        if (attendance[i] != '-') {
-            ++total;
-            last = static_cast<std::int16_t>(i + 1);
+    for (std::size_t i = 0; i < n; ++i) total = static_cast<std::int16_t>(total + (attendance[i] != '-'));
+    for (std::size_t i = n; i > 0; --i)
+        if (attendance[i - 1] != '-') {
+            last = static_cast<std::int16_t>(i);
+            break;
         }
-    }
     return total;
 }
 

@@ -447,7 +447,6 @@ bool FullLoadPass(ProgramState& p) {
     const long count = p.RecordCount;
     constexpr std::size_t len = MasterRecord::Length;
     FileBuffer bytes(static_cast<std::size_t>(count) * len);
-    if (count > 0) p.File1.GetRange(1, count, bytes.data());
 
     std::vector<std::string> list;
     list.reserve(static_cast<std::size_t>(count) + 1);
@@ -459,8 +458,11 @@ bool FullLoadPass(ProgramState& p) {
     // Whether the file is a record file is told in the same walk over the
     // buffer, from each record as it was read; nothing is written before.
     long good = 0;
+    // Read a block, then work on it while it is still in the processor's cache.
+    constexpr long kBlock = 256;
     for (long i = 1; i <= count; ++i) {
         char* rec = bytes.data() + (i - 1) * len;
+        if ((i - 1) % kBlock == 0) p.File1.GetRange(i, std::min(kBlock, count - i + 1), rec);
         good += LooksLikeRecord(rec);
         if (clearFlag) PutInt16(rec + RecordAt::IntFlag, 0);
         bool deleted = std::memcmp(rec + RecordAt::WorkerCode, "##", 2) == 0;
