@@ -528,23 +528,7 @@ void AttendF::Baptized_Click() {
     }
 }
 
-void AttendF::Notes_KeyDown(int& KeyCode, int) {
-    std::size_t len = Notes.Text().size();
-    if (len >= 150) {
-        p.host.MsgBox("You have reached the limit for Notes." + p.CrLf +
-                      "The maximum length allowed for notes is 150 characters.");
-        Notes.SetText(vb::Left(Notes.Text(), 150));
-    } else if (len == 140) {
-        p.host.MsgBox("You only have space for 10 more characters in this box.");
-    }
-    if (KeyCode == vbKeyReturn) {
-        p.host.MsgBox("You cannot enter multiple lines in this box.");
-        KeyCode = 0;
-    } else if (KeyCode == 188) {
-        p.host.MsgBox("You cannot enter a comma in this box.");
-        KeyCode = 0;
-    }
-}
+void AttendF::Notes_KeyDown(int& KeyCode, int) { NotesKeyDown(p, Notes, KeyCode); }
 
 void AttendF::Notes_MouseDown(int, int, float, float) {
     if (notesWarnedAt_ == p.RecordPos) return;

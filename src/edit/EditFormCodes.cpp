@@ -1,5 +1,6 @@
 // The coded fields: visits, advertising, decisions, interest level, baptism and notes.
 #include "edit/EditForm.h"
+#include "edit/FieldRules.h"
 #include "edit/Navigate.h"
 #include "platform/vb/DateTime.h"
 #include "platform/vb/Strings.h"
@@ -218,22 +219,7 @@ void EditForm::Baptized_Click() {
 
 void EditForm::Notes_KeyDown(int& KeyCode, int Shift) {
     if ((KeyCode == vbKeyPageUp || KeyCode == vbKeyPageDown) && FieldKeyDown(Notes, KeyCode, Shift)) return;
-    const std::string& nl = p.CrLf;
-    std::size_t len = Notes.Text().size();
-    if (len >= 150) {
-        p.host.MsgBox("You have reached the limit for Notes." + nl +
-                      "The maximum length allowed for notes is 150 characters.");
-        Notes.SetText(vb::Left(Notes.Text(), 150));
-    } else if (len == 140) {
-        p.host.MsgBox("You only have space for 10 more characters in this box.");
-    }
-    if (KeyCode == vbKeyReturn) {
-        p.host.MsgBox("You cannot enter multiple lines in this box.");
-        KeyCode = 0;
-    } else if (KeyCode == 188) {
-        p.host.MsgBox("You cannot enter a comma in this box.");
-        KeyCode = 0;
-    }
+    NotesKeyDown(p, Notes, KeyCode);
 }
 
 void EditForm::Notes_MouseDown(int, int, float, float) {
