@@ -344,18 +344,7 @@ void AttendF::Undo_Click() {
 
 void AttendF::Walk(int kind) {
     if (p.IndexCount == 0 || !SaveRecord()) return;
-    switch (kind) {
-    case 0: p.CurrentIndex = 1; break;
-    case 1:
-        if (p.CurrentIndex <= 1) PlaySound(p, "clunk");
-        else --p.CurrentIndex;
-        break;
-    case 2:
-        if (p.CurrentIndex >= p.IndexCount) PlaySound(p, "clunk");
-        else ++p.CurrentIndex;
-        break;
-    default: p.CurrentIndex = p.IndexCount; break;
-    }
+    StepCurrentIndex(p, kind);
     if (FetchCurrentRecord(p)) ShowRecord();
     RefreshCaption();
     SearchBox.SetFocus();

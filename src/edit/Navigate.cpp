@@ -37,7 +37,7 @@ bool FetchCurrentRecord(Program& p) {
     }
 }
 
-void GoRecord(Program& p, int kind) {
+void StepCurrentIndex(ProgramState& p, int kind) {
     switch (kind) {
     case 0: p.CurrentIndex = 1; break;
     case 1:
@@ -51,6 +51,10 @@ void GoRecord(Program& p, int kind) {
     case 3: p.CurrentIndex = p.IndexCount; break;
     default: break;
     }
+}
+
+void GoRecord(Program& p, int kind) {
+    StepCurrentIndex(p, kind);
     FetchCurrentRecord(p);
     EditForm& f = p.Edit();
     f.ShowRecord();
