@@ -47,12 +47,16 @@ inline MasterRecord ToRecord(const Person& s) {
     return r;
 }
 
+inline std::vector<MasterRecord> ListRecords(const std::vector<Person>& people = ListPeople()) {
+    std::vector<MasterRecord> recs;
+    for (const Person& s : people) recs.push_back(ToRecord(s));
+    return recs;
+}
+
 struct ListCrusade {
     TestCrusade c;
     explicit ListCrusade(const std::vector<Person>& people = ListPeople()) {
-        std::vector<MasterRecord> recs;
-        for (const Person& s : people) recs.push_back(ToRecord(s));
-        c.WriteRecords(recs);
+        c.WriteRecords(ListRecords(people));
         c.Open();
         c.p.PrintCutOff = 2;
     }
