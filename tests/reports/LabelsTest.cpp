@@ -130,7 +130,6 @@ TEST(Labels, InterestCardsTenToASheetSetTheFlagOnceAndOnlyForCardsPrinted) {
         // Printed once: the card list leaves out whoever has the flag.
         for (int n = 1; n <= people; ++n) EXPECT_EQ(s.c.ReadRecord(n).IntFlag, -1) << n;
         EXPECT_EQ(s.c.p.SortName, "alpha");
-
     }
     // A list chosen by the operator, limited to the active: nobody here came 4 times.
     Sheets s(3, "attend");
