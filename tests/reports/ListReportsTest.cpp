@@ -71,6 +71,23 @@ struct Crusade {
         c.p.IndexCount = static_cast<int>(keys.size());
         c.p.CurrentIndex = 1;
     }
+    // 55 people, the first 30 present at meeting 3, the rest last seen at meeting 2,
+    // the first `team1` on team 1; listed as `kind`, with the team first in "wcattend".
+    void FiftyFive(int team1, const std::string& kind) {
+        std::vector<MasterRecord> people;
+        std::vector<std::string> keys;
+        for (int i = 1; i <= 55; ++i) {
+            MasterRecord& r = people.emplace_back(MakePerson(std::to_string(1000 + i), "Ann", "Person" + Name2(i),
+                                                             i <= 30 ? "1-3-------------------------------------"
+                                                                     : "12--------------------------------------"));
+            r.WorkerCode = i <= team1 ? "01" : "02";
+            keys.push_back((kind == "wcattend" ? r.WorkerCode.str() : "") + (i <= 30 ? "996" : "997") + "PERSON" +
+                           Name2(i));
+        }
+        Load(people, 3);
+        SetList(kind, keys);
+        Accept();
+    }
     void Accept(int fromPage = 1) {
         c.host.ExpectPrinter([fromPage](host::PrinterDialog& d) {
             d.Flags |= fromPage > 1 ? 2 : 0;
@@ -83,25 +100,8 @@ struct Crusade {
 
 struct Printing : ::testing::Test, Crusade {};
 
-// 55 people, the first 30 present at meeting 3, the rest last seen at meeting 2.
-std::vector<MasterRecord> FiftyFive(int team1) {
-    std::vector<MasterRecord> people;
-    for (int i = 1; i <= 55; ++i) {
-        MasterRecord r = MakePerson(std::to_string(1000 + i), "Ann", "Person" + Name2(i),
-                                    i <= 30 ? "1-3-------------------------------------"
-                                            : "12--------------------------------------");
-        r.WorkerCode = i <= team1 ? "01" : "02";
-        people.push_back(r);
-    }
-    return people;
-}
-
 TEST_F(Printing, AttendanceListGroupsByLastMeetingAndNumbersPagesFromTwo) {
-    Load(FiftyFive(55), 3);
-    std::vector<std::string> keys;
-    for (int i = 1; i <= 55; ++i) keys.push_back((i <= 30 ? "996" : "997") + std::string("PERSON") + Name2(i));
-    SetList("attend", keys);
-    Accept();
+    FiftyFive(55, "attend");
     PrintOneLineReport(c.p, 2);
 
     const std::vector<std::string> d = Dump(out);
@@ -123,12 +123,7 @@ TEST_F(Printing, AttendanceListGroupsByLastMeetingAndNumbersPagesFromTwo) {
 }
 
 TEST_F(Printing, TeamAttendanceBreaksPerTeamWithItsOwnPageNumbers) {
-    Load(FiftyFive(52), 3);
-    std::vector<std::string> keys;
-    for (int i = 1; i <= 55; ++i)
-        keys.push_back((i <= 52 ? "01" : "02") + std::string(i <= 30 ? "996" : "997") + "PERSON" + Name2(i));
-    SetList("wcattend", keys);
-    Accept();
+    FiftyFive(52, "wcattend");
     PrintWCReport(c.p, 2);
 
     const std::vector<std::string> d = Dump(out);
