@@ -65,6 +65,7 @@ TEST(Labels, MailLabelsFillSheetsOfThirtyAtTheirPitchAndOffsets) {
         EXPECT_EQ(k.pages, s.out.PagesPrinted());
         EXPECT_EQ(k.labelsOnLastPage, onLast);
         EXPECT_FALSE(s.out.DocumentOpen());
+        EXPECT_EQ("0.70 1.30", s.At("Pat Name" + std::to_string(1000 + (k.fromPage - 1) * 30)));   // the first printed
         if (k.people != 30) continue;
         // Three across from the offsets, a row every 2.52 cm, ten rows to the sheet.
         EXPECT_EQ((std::vector<std::string>{"0.70 1.30", "7.70 1.30", "14.70 1.30", "0.70 3.82", "14.70 23.98"}),
