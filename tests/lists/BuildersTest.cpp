@@ -103,24 +103,6 @@ TEST(BuildList, EveryKindSelectsKeysAndOrdersAsItsRuleSays) {
     }
 }
 
-TEST(BuildList, NamesItsListAndRemembersTheOneBefore) {
-    ListCrusade l;
-    ProgramState& p = l.c.p;
-    const std::pair<std::pair<const char*, int>, const char*> named[] = {
-        {{"notes", 0}, "notes"},          {{"attendnight", 1}, "attendnight01"}, {{"missednight", 3}, "missednight03"},
-        {{"SelWCAttend", 3}, "SelWCAttend03"}, {{"decisions", 2}, "decisions2"}, {{"alpha", 0}, "alpha"}};
-    std::string before = p.SortName;
-    for (const auto& [what, name] : named) {
-        ASSERT_TRUE(lists::BuildList(l.c.p, what.first, what.second, "Al"));
-        EXPECT_EQ(name, p.SortName);
-        // Only the "alpha" list names its kind in entry 0.
-        EXPECT_EQ(std::string(name) == "alpha" ? "alpha" : "", p.SortIndex[0]);
-    }
-    // After a filter and the way back to all names, the filter is the one before.
-    EXPECT_EQ("decisions2", p.PriorSortName);
-    EXPECT_FALSE(lists::BuildList(l.c.p, "nonsense"));
-}
-
 TEST(BuildList, AnEmptyCrusadeGivesEmptyListsAndNoPerson) {
     ListCrusade l(std::vector<Person>{});
     for (const char* kind : {"alpha", "notes", "attend", "mail", "DupAddress"}) {
@@ -139,20 +121,29 @@ TEST(ApplyCutOff, KeepsThosePastTheCutOffUnderTheirFullNames) {
               l.Squeezed());
 }
 
-TEST(SelectFilter, RebuildsAListFromItsNameWithoutAsking) {
+TEST(SelectFilter, RebuildsAListFromItsNameWithoutAskingAndRemembersTheOneBefore) {
     ListCrusade l;
+    Program& p = l.c.p;
     // "alpha" comes back as the attendance list; team "00" has no number of its own.
-    const std::tuple<const char*, int, const char*> names[] = {{"attendnight01", 3, "attendnight01"},
-                                                               {"SelWCAttend00", 1, "SelWCAttend00"},
-                                                               {"decisions2", 1, "decisions2"},
-                                                               {"alpha", 6, "attend"},
-                                                               {"missednight03", 3, "missednight03"}};
+    const std::tuple<const char*, int, const char*> names[] = {
+        {"notes", 2, "notes"},           {"attendnight01", 3, "attendnight01"}, {"SelWCAttend00", 1, "SelWCAttend00"},
+        {"decisions2", 1, "decisions2"}, {"missednight03", 3, "missednight03"}, {"alpha", 6, "attend"}};
     for (const auto& [name, count, built] : names) {
-        ASSERT_TRUE(lists::SelectFilter(l.c.p, name)) << name;
-        EXPECT_EQ(count, l.c.p.IndexCount) << name;
-        EXPECT_EQ(built, l.c.p.SortName);
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(lists::SelectFilter(p, name));
+        EXPECT_EQ(count, p.IndexCount);
+        EXPECT_EQ(built, p.SortName);
+        EXPECT_EQ("", p.SortIndex[0]);
     }
-    EXPECT_FALSE(lists::SelectFilter(l.c.p, "Need a Filter"));
+    EXPECT_FALSE(lists::SelectFilter(p, "Need a Filter"));
+    EXPECT_FALSE(lists::BuildList(p, "nonsense"));
+    // Only the "alpha" list names its kind in entry 0; after a filter and the way
+    // back to all names, the filter is the one before.
+    ASSERT_TRUE(lists::BuildList(p, "SelWCAttend", 3));
+    EXPECT_EQ("SelWCAttend03", p.SortName);
+    ASSERT_TRUE(lists::BuildList(p, "alpha"));
+    EXPECT_EQ("alpha", p.SortIndex[0]);
+    EXPECT_EQ("SelWCAttend03", p.PriorSortName);
 }
 
 TEST(SortEntries, EqualKeysLeaveTheEntriesWhereTheCombSortsSwapsPutThem) {

@@ -13,11 +13,12 @@ namespace {
 struct OnScreen {
     TestCrusade c;
     EditForm& e;
-    OnScreen() : e(Show(c)) { c.p.PrintCutOff = 2; }
-    static EditForm& Show(TestCrusade& c) {
-        std::vector<MasterRecord> recs;
-        for (const Person& s : ListPeople()) recs.push_back(ToRecord(s));
-        return c.ShowOnEditScreen(recs);
+    OnScreen() : e(c.ShowOnEditScreen(ListRecords())) { c.p.PrintCutOff = 2; }
+    // The list, its label and count, the person shown, and which of the search box
+    // and the way back to all names shows.
+    std::string Screen() const {
+        return c.p.SortName + "|" + e.EditLabel.Caption() + "|" + e.RecordCounter.Caption() + "|" + e.LName.Text() +
+               " " + e.FName.Text() + (e.SearchBox.Visible() ? "|search" : "") + (e.ShowAll.Visible() ? "|all" : "");
     }
     void Pick(const std::string& menu) {
         forms::Control* m = e.FindControl(menu);
@@ -30,9 +31,7 @@ struct Row {
     const char* menu;
     std::function<void(ScriptedHost&)> answers;
     const char* message;
-    const char* label;
-    const char* counter;
-    const char* first;   // last name and first name of the person shown
+    std::string screen;
     const char* painted;
 };
 
@@ -40,13 +39,13 @@ struct Row {
 
 TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
     const Row rows[] = {
-        {"mnuNotes", nullptr, "NOTES on their cards.", "Cards with Notes", "1 of 2", "Lee Ann", "Notes"},
+        {"mnuNotes", nullptr, "NOTES on their cards.", "notes|Cards with Notes|1 of 2|Lee Ann|all", "Notes"},
         {"mnuFilterSelMtg", [](ScriptedHost& h) { h.ExpectInput("Must be between 1 and 10", "1"); },
-         "ATTENDED MEETING 1", "Attendance for \r\nMtg: 01", "1 of 3", "Adams Cy", "Attendance"},
+         "ATTENDED MEETING 1", "attendnight01|Attendance for \r\nMtg: 01|1 of 3|Adams Cy|all", "Attendance"},
         {"mnuFilterMissedMtgs", [](ScriptedHost& h) { h.ExpectInput("since meeting (2)", "3"); },
-         "who have missed 3 night(s).", "Missed Last 3", "1 of 3", "Brown Ed", "Last"},
+         "who have missed 3 night(s).", "missednight03|Missed Last 3|1 of 3|Brown Ed|all", "Last"},
         {"mnuSelTeamCode", [](ScriptedHost& h) { h.ExpectInput("Team Code (01-20)", "3"); },
-         "ASSIGNED TO Team #  3", "TEAM: 03:Team #  3", "1 of 2", "Brown Ed", "WorkerCode"},
+         "ASSIGNED TO Team #  3", "SelWCAttend03|TEAM: 03:Team #  3|1 of 2|Brown Ed|all", "WorkerCode"},
         {"mnuDecisionsFilter",
          [](ScriptedHost& h) {
              h.OnModal("SelDecFm", [](forms::Form& f) {
@@ -55,7 +54,7 @@ TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
                  d.OKBut.UserClick();
              });
          },
-         "DECISION: \r\nAccept Sabbath", "Accept Sabbath", "1 of 1", "Cole Di", "Dec"},
+         "DECISION: \r\nAccept Sabbath", "decisions2|Accept Sabbath|1 of 1|Cole Di|all", "Dec"},
         {"mnuTotalAttend",
          [](ScriptedHost& h) {
              h.OnModal("frmFilters", [](forms::Form& f) {
@@ -64,10 +63,10 @@ TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
                  d.btnSave.UserClick();
              });
          },
-         "attended at least 2 times.", "Total Meetings\r\nAttended =2", "1 of 4", "Lee Ann", "Attend"},
+         "attended at least 2 times.", "TotalAttend|Total Meetings\r\nAttended =2|1 of 4|Lee Ann|all", "Attend"},
         {"mnuAttendFilter", [](ScriptedHost& h) { h.ExpectInput("Set Meeting Cut Off", ""); },
-         "Nightly Attendance.", "Attendance\r\nlast mtg >2", "1 of 6", "Adams Cy", "Attendance"},
-        {"mnuMarked", nullptr, "'Mark to Print' box.", "marked", "1 of 1", "Lee Bob", nullptr},
+         "Nightly Attendance.", "attend|Attendance\r\nlast mtg >2|1 of 6|Adams Cy|all", "Attendance"},
+        {"mnuMarked", nullptr, "'Mark to Print' box.", "marked|marked|1 of 1|Lee Bob|all", nullptr},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.menu);
@@ -75,11 +74,7 @@ TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
         if (row.answers) row.answers(s.c.host);
         s.c.host.ExpectBox(row.message);
         s.Pick(row.menu);
-        EXPECT_EQ(row.label, s.e.EditLabel.Caption());
-        EXPECT_EQ(row.counter, s.e.RecordCounter.Caption());
-        EXPECT_EQ(row.first, s.e.LName.Text() + " " + s.e.FName.Text());
-        EXPECT_FALSE(s.e.SearchBox.Visible());
-        EXPECT_TRUE(s.e.ShowAll.Visible());
+        EXPECT_EQ(row.screen, s.Screen());
         if (row.painted) {
             forms::Control* c = s.e.FindControl(row.painted, row.painted == std::string("Dec") ? 1 : -1);
             EXPECT_EQ(forms::HighlightColor, c->BackColor());
@@ -111,9 +106,7 @@ TEST(FiltersMenu, CancelNonsenseAndEmptyListsLeaveAllNames) {
     // Nobody missed nine nights since meeting 4: said, and all names come back.
     h.ExpectInput("Missing Names", "9").ExpectBox("There were no names who have missed 9 night(s).");
     s.Pick("mnuFilterMissedMtgs");
-    EXPECT_EQ("alpha", s.c.p.SortName);
-    EXPECT_EQ("1 of 7", s.e.RecordCounter.Caption());
-    EXPECT_TRUE(s.e.SearchBox.Visible());
+    EXPECT_EQ("alpha|All Names Sorted Alphabeticaly|1 of 7|Adams Cy|search", s.Screen());
 }
 
 TEST(FiltersMenu, ShowAllKeepsThePersonAndADoubleClickReturnsToTheFilter) {
@@ -123,13 +116,8 @@ TEST(FiltersMenu, ShowAllKeepsThePersonAndADoubleClickReturnsToTheFilter) {
     s.e.ChgRec[2].UserClick();   // Bob Lee, second of the notes list
     EXPECT_EQ("Bob", s.e.FName.Text());
     s.e.ShowAll.UserClick();
-    EXPECT_EQ("alpha", s.c.p.SortName);
-    EXPECT_EQ("Bob", s.e.FName.Text());
-    EXPECT_EQ("7 of 7", s.e.RecordCounter.Caption());
-    EXPECT_TRUE(s.e.SearchBox.Visible());
-    EXPECT_EQ("All Names Sorted Alphabeticaly", s.e.EditLabel.Caption());
+    EXPECT_EQ("alpha|All Names Sorted Alphabeticaly|7 of 7|Lee Bob|search", s.Screen());
     s.c.host.ExpectBox("NOTES on their cards.");
     s.e.EditLabel.UserDblClick();
-    EXPECT_EQ("notes", s.c.p.SortName);
-    EXPECT_EQ("1 of 2", s.e.RecordCounter.Caption());
+    EXPECT_EQ("notes|Cards with Notes|1 of 2|Lee Ann|all", s.Screen());
 }

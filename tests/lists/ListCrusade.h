@@ -38,21 +38,22 @@ inline std::vector<Person> ListPeople() {
     };
 }
 
-inline MasterRecord ToRecord(const Person& s) {
-    MasterRecord r = MakePerson(s.rnum, s.first, s.last, s.attendance);
-    r.Address = s.address, r.Zip = s.zip, r.Age = s.age, r.Advertising = s.adv, r.RelPref = s.rel;
-    r.IntLevel = s.level, r.Visits = s.visits, r.WorkerCode = s.team, r.Notes = s.notes, r.MailList = s.mail;
-    r.Decisions = s.decisions, r.Class = s.cls, r.MapCode = s.map, r.BaptDate = s.bapt, r.IntFlag = s.flag;
-    r.MarkToVisit = s.mark;
-    return r;
+inline std::vector<MasterRecord> ListRecords(const std::vector<Person>& people = ListPeople()) {
+    std::vector<MasterRecord> recs;
+    for (const Person& s : people) {
+        MasterRecord& r = recs.emplace_back(MakePerson(s.rnum, s.first, s.last, s.attendance));
+        r.Address = s.address, r.Zip = s.zip, r.Age = s.age, r.Advertising = s.adv, r.RelPref = s.rel;
+        r.IntLevel = s.level, r.Visits = s.visits, r.WorkerCode = s.team, r.Notes = s.notes, r.MailList = s.mail;
+        r.Decisions = s.decisions, r.Class = s.cls, r.MapCode = s.map, r.BaptDate = s.bapt, r.IntFlag = s.flag;
+        r.MarkToVisit = s.mark;
+    }
+    return recs;
 }
 
 struct ListCrusade {
     TestCrusade c;
     explicit ListCrusade(const std::vector<Person>& people = ListPeople()) {
-        std::vector<MasterRecord> recs;
-        for (const Person& s : people) recs.push_back(ToRecord(s));
-        c.WriteRecords(recs);
+        c.WriteRecords(ListRecords(people));
         c.Open();
         c.p.PrintCutOff = 2;
     }
