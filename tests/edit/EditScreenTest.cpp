@@ -141,28 +141,27 @@ TEST(EditScreen, ShowRecordColoursAndTheUndoCopy) {
     EditFixture f;
     Program& p = f.c.p;
     EditForm& e = *f.e;
-    p.MasterRec.Address = "PO Box 12";
-    p.MasterRec.Phone = "Unknown";
+    // An address or a phone no visitor can use is red and bold: {address red, bold, phone red, bold}.
+    struct Row { const char* address; const char* phone; std::vector<bool> marked; };
+    for (const Row& r : {Row{"PO Box 12", "Unknown", {true, true, true, true}},
+                         Row{"Address Unknown", "555-0100", {true, true, false, false}},
+                         Row{"1 Main St", "555-0100", {false, false, false, false}}}) {
+        p.MasterRec.Address = r.address;
+        p.MasterRec.Phone = r.phone;
+        e.ShowRecord();
+        EXPECT_EQ(r.marked, (std::vector<bool>{e.Address.ForeColor() == vbRed, e.Address.FontBold(),
+                                               e.Phone.ForeColor() == vbRed, e.Phone.FontBold()}))
+            << r.address;
+    }
+    EXPECT_EQ(vbWindowText, e.Address.ForeColor());
     p.MasterRec.IntLevel = "G";
     p.MasterRec.Decisions = "C-K------";
     p.MasterRec.BaptDate = "12:00AM";
     e.ShowRecord();
-    EXPECT_EQ(vbRed, e.Address.ForeColor());
-    EXPECT_TRUE(e.Address.FontBold());
-    EXPECT_EQ(vbRed, e.Phone.ForeColor());
     EXPECT_EQ((std::vector<int>{vbChecked, vbChecked, vbUnchecked, vbChecked}),
               (std::vector<int>{e.Baptized.Value(), e.Dec[0].Value(), e.Dec[1].Value(), e.Dec[2].Value()}));
     EXPECT_EQ("", e.BaptDate.Text());
     EXPECT_EQ(p.MasterRec, p.UndoRec);
-    p.MasterRec.Address = "Address Unknown";
-    p.MasterRec.Phone = "555-0100";
-    e.ShowRecord();
-    EXPECT_TRUE(e.Address.FontBold());
-    EXPECT_FALSE(e.Phone.FontBold());
-    p.MasterRec.Address = "1 Main St";
-    e.ShowRecord();
-    EXPECT_FALSE(e.Address.FontBold());
-    EXPECT_EQ(vbWindowText, e.Address.ForeColor());
 }
 
 TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
@@ -177,7 +176,6 @@ TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
                        "Interest Level B: 0\r\nInterest Level C: 0\r\nTotal Baptized--- 1",
                        host::vbOK, "File Information");
     e.mnuInfo_Click();
-    f.c.host.Verify();
     p.IndexCount = 0;
     f.c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
                        "You must add one more names to this filter or file before using this feature.");
@@ -187,7 +185,6 @@ TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
     f.c.host.ExpectBox("Mail List-------- 10", host::vbOK, "File Information");
     e.mnuInfo_Click();
     EXPECT_FALSE(p.AddMode);
-    f.c.host.Verify();
 }
 
 TEST(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {

@@ -71,15 +71,11 @@ TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExi
     EditForm& e = p.Edit();
     // Edit Mode on an empty file leaves the operator on the blank card.
     for (int round = 0; round < 2; ++round) {
-        EXPECT_TRUE(p.AddMode);
-        EXPECT_EQ("Vestrel Add Name Screen: Empty Crusade (Meeting # 1)", e.Caption());
-        EXPECT_EQ("Total Records", e.lblNextFieldBtn.Caption());
-        EXPECT_EQ("1", e.RecordCounter.Caption());
-        EXPECT_TRUE(e.btnSaveNew.Visible());
-        EXPECT_FALSE(e.ChgRec[2].Visible());
+        EXPECT_EQ((std::vector<std::string>{"Vestrel Add Name Screen: Empty Crusade (Meeting # 1)", "Total Records", "1"}),
+                  (std::vector<std::string>{e.Caption(), e.lblNextFieldBtn.Caption(), e.RecordCounter.Caption()}));
+        EXPECT_TRUE(p.AddMode && e.btnSaveNew.Visible() && !e.ChgRec[2].Visible()) << round;
         if (round > 0) {   // the number box keeps the focus and its add-mode paint
-            EXPECT_EQ(&e.RNum, e.ActiveControl());
-            EXPECT_EQ(forms::HighlightColor, e.RNum.BackColor());
+            EXPECT_TRUE(e.ActiveControl() == &e.RNum && e.RNum.BackColor() == forms::HighlightColor);
         }
         e.RNum.SetFocus();
         e.mnuEditMode_Click();
@@ -115,9 +111,9 @@ TEST(Lifecycle, ChangingCrusadeLeavesNothingOfThePreviousOneOnScreen) {
         if (target == empty.dataFile) c.host.ExpectBox(EmptyBox + target);
         c.host.ExpectBox("Has been loaded successfully.");
         e.mnuChgCr_Click();
-        EXPECT_EQ("", e.FndNameBx.Caption());
-        EXPECT_EQ(0, c.p.SavedIndex);
-        EXPECT_EQ(vb::Trim(c.p.PreviousRec.LName), "");
+        EXPECT_EQ((std::vector<std::string>{"", "0", ""}),
+                  (std::vector<std::string>{e.FndNameBx.Caption(), std::to_string(c.p.SavedIndex),
+                                            vb::Trim(c.p.PreviousRec.LName)}));
         for (const std::string& shown : {e.LName.Text(), vb::Trim(c.p.UndoRec.LName)})
             EXPECT_EQ(std::string::npos, shown.find("Person")) << shown;
         if (target == small.dataFile) {
@@ -131,12 +127,10 @@ TEST(Lifecycle, ChangingCrusadeLeavesNothingOfThePreviousOneOnScreen) {
             c.host.ExpectOpen("Select an Existing Crusade", c.dataFile).ExpectBox("Has been loaded successfully.");
             e.mnuChgCr_Click();
         } else {
-            EXPECT_TRUE(c.p.AddMode);
-            EXPECT_TRUE(c.p.IsNewFile);
+            EXPECT_TRUE(c.p.AddMode && c.p.IsNewFile);
             EXPECT_EQ(0, e.Caption().find("Vestrel Add Name Screen: Void Crusade"));
         }
     }
-    c.p.File1.Close();
 }
 
 TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
@@ -174,7 +168,6 @@ TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
     p.Edit().mnuChgCr_Click();
     EXPECT_EQ(firstMembers, c.ReadFile(c.p.CrusadeFile("mem")));
     EXPECT_EQ(secondMembers, c.ReadFile(second.p.CrusadeFile("mem")));
-    p.File1.Close();
 }
 
 TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
@@ -218,7 +211,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
     }
 }
 
-TEST(Lifecycle, ACrusadeInUseElsewhereIsLetGoAndTheOperatorStaysWhereHeWas) {
+TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
     TestCrusade c("Here");
     c.WriteRecords({MakePerson("9998", "Ann", "Here")});
     TestCrusade busy("Busy");
@@ -250,6 +243,17 @@ TEST(Lifecycle, ACrusadeInUseElsewhereIsLetGoAndTheOperatorStaysWhereHeWas) {
     EXPECT_FALSE(vb::FileExists(fresh));
     EXPECT_EQ(c.dataFile, c.p.DataFile);
     EXPECT_EQ("Here", c.p.Edit().LName.Text());
+    // A new name with a comma or a leading quote is refused, by the menu and by the selection.
+    for (const std::string name : {"Smith, Jones", "\"Quoted"}) {
+        std::string path = c.appPath + "/data/" + name + ".dta";
+        c.host.ExpectOpen("Create a New Crusade", path).ExpectBox("may not hold a comma", host::vbOK, "Crusade Name");
+        c.p.Edit().mnuChgCr_Click();
+        c.host.ExpectOpen("Create a New Crusade", path).ExpectBox("may not hold a comma");
+        SelectCrusade(c.p);
+        EXPECT_EQ("NoFileSelected", c.p.ScratchText);
+        EXPECT_FALSE(vb::FileExists(path));
+        EXPECT_EQ(c.dataFile, c.p.DataFile);
+    }
     c.p.File1.Close();
     // From the splash: nothing is held, and only New and Exit are left.
     Program p(c.host, c.appPath);
@@ -262,24 +266,6 @@ TEST(Lifecycle, ACrusadeInUseElsewhereIsLetGoAndTheOperatorStaysWhereHeWas) {
         s.btnExitVestrel_Click();
     };
     EXPECT_THROW(RunMain(c, p, busy.dataFile, atSplash), host::EndProgram);
-}
-
-TEST(Lifecycle, ANewCrusadeNameWithACommaOrALeadingQuoteIsRefused) {
-    TestCrusade c("Old");
-    c.WriteRecords({MakePerson("9998", "Ann", "Old")});
-    c.p.Loaded = true;
-    c.Open();
-    for (const std::string name : {"Smith, Jones", "\"Quoted"}) {
-        std::string path = c.appPath + "/data/" + name + ".dta";
-        c.host.ExpectOpen("Create a New Crusade", path).ExpectBox("may not hold a comma", host::vbOK, "Crusade Name");
-        SelectCrusade(c.p);
-        EXPECT_EQ("NoFileSelected", c.p.ScratchText);
-        c.host.ExpectOpen("Create a New Crusade", path).ExpectBox("may not hold a comma");
-        c.p.Edit().mnuChgCr_Click();
-        EXPECT_FALSE(vb::FileExists(path));
-        EXPECT_EQ(c.dataFile, c.p.DataFile);
-    }
-    c.p.File1.Close();
 }
 
 TEST(Lifecycle, StaleTempFilesOfTheCrusadeGoWhenItIsOpened) {
@@ -302,7 +288,6 @@ TEST(Lifecycle, StaleTempFilesOfTheCrusadeGoWhenItIsOpened) {
     c.host.ExpectOpen("Select an Existing Crusade", c.dataFile).ExpectBox("Spring Has been loaded successfully.");
     c.p.Edit().mnuChgCr_Click();
     for (const Row& r : rows) EXPECT_EQ(r.stays, fs::exists(d + r.name)) << r.name;
-    c.p.File1.Close();
 }
 
 TEST(Lifecycle, AnInformationFileThatCannotBeSavedHandsOutNoNumber) {
