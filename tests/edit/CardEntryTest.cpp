@@ -64,8 +64,7 @@ TEST(CardEntry, WholeCardTypedWithEnterThroughTheFields) {
     ASSERT_EQ(&e.RelPref, e.ActiveControl());
     EXPECT_EQ("UnSpecified", e.RelPref.Text());
     f.Type("bap");
-    EXPECT_EQ(3, e.RelPref.SelStart());
-    EXPECT_EQ(4, e.RelPref.SelLength());
+    EXPECT_EQ(std::make_pair(3, 4), std::make_pair(e.RelPref.SelStart(), e.RelPref.SelLength()));
     f.c.host.ExpectInput("Enter the Letter(s):", "");   // the advertising letters are asked on arrival
     f.Enter();
     EXPECT_EQ(&e.WorkerCode, e.ActiveControl());
@@ -96,8 +95,7 @@ TEST(CardEntry, F2AndF3CopyThePreviousCardEscTheShownRecord) {
     f.p.PreviousRec = prev;
     f.TypeIn(e.LName, "x");
     f.Key(vbKeyF3);   // the household of the previous card, off the mail list
-    EXPECT_EQ("Lee", e.LName.Text());
-    EXPECT_EQ("9 Elm St", e.Address.Text());
+    EXPECT_EQ("Lee, 9 Elm St", e.LName.Text() + ", " + e.Address.Text());
     EXPECT_EQ(vbUnchecked, e.MailList.Value());
     EXPECT_EQ(&e.Age, e.ActiveControl());
     EXPECT_TRUE(f.Played("S01.wav"));
@@ -351,9 +349,8 @@ TEST(CardEntry, MeetingNumberTestsAndTheMeetingBox) {
     f.AddMode();
     f.TypeIn(e.MtgNum, "12");
     e.RNum.SetFocus();
-    EXPECT_EQ(12, p.MeetingNumber);
-    EXPECT_EQ("-----------2----------------------------", e.Attendance.Text());
-    EXPECT_EQ("12", e.Last.Text());
+    EXPECT_EQ((std::vector<std::string>{"12", "-----------2----------------------------", "12"}),
+              (std::vector<std::string>{std::to_string(p.MeetingNumber), e.Attendance.Text(), e.Last.Text()}));
     f.TypeIn(e.MtgNum, "7");   // a lower number never lowers the counter
     e.RNum.SetFocus();
     EXPECT_EQ(12, p.MeetingNumber);

@@ -107,8 +107,7 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     e.BaptDate.SetText("");
     e.Baptized.SetValue(vbUnchecked);
     e.Baptized.UserClick();
-    EXPECT_EQ("G", e.IntLevel.Text());
-    EXPECT_EQ("11/22/26", e.BaptDate.Text());
+    EXPECT_EQ("G 11/22/26", e.IntLevel.Text() + " " + e.BaptDate.Text());
     f.c.host.ExpectBox("Please Enter the Correct Interest Level.");
     e.Baptized.UserClick();
     EXPECT_EQ("", e.IntLevel.Text());

@@ -174,7 +174,6 @@ TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
     for (bool folderReadOnly : {false, true}) {
         TestCrusade c("Locked");
         c.WriteRecords({MakePerson("9998", "Ann", "Locked")});
-        TestCrusade other("Open");
         std::string otherFile = c.appPath + "/mine/Open.dta";
         fs::create_directories(c.appPath + "/mine");
         c.WriteFile(otherFile, c.ReadFile(c.dataFile));

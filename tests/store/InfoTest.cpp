@@ -147,18 +147,17 @@ TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
 
 TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
     TestCrusade c;
-    struct Row { int line; std::string text; };
     // Lines 3, 4, 7 and 8: MeetingNumber, LastRNum, FilterTotalAttend, PrintCutOff.
-    for (const Row& r : std::vector<Row>{{3, "1e300"}, {4, "-1e300"}, {4, "40000"}, {7, "1e18"}, {8, "-40000"},
-                                         {4, " 9876 "}}) {
+    struct Row { int line; std::string text; std::vector<long> read; };
+    const Row rows[] = {{3, "1e300", {1, 9876, 3, 2}},  {4, "-1e300", {5, 9999, 3, 2}}, {4, "40000", {5, 9999, 3, 2}},
+                        {7, "1e18", {5, 9876, 1, 2}},   {8, "-40000", {5, 9876, 3, 0}}, {4, " 9876 ", {5, 9876, 3, 2}}};
+    for (const Row& r : rows) {
         std::vector<std::string> lines = {"Name", "1/1/2026", " 5", " 9876 ", "DOWN", "", " 3 ", " 2 ", "version 2.5.0"};
         lines[r.line - 1] = r.text;
         c.WriteFile(c.p.CrusadeFile("inf"), Join(lines));
         LoadInfo(c.p);
-        EXPECT_EQ(r.line == 3 ? 1 : 5, c.p.MeetingNumber) << r.text;
-        EXPECT_EQ(r.line == 4 && r.text != " 9876 " ? 9999 : 9876, c.p.LastRNum) << r.text;
-        EXPECT_EQ(r.line == 7 ? 1 : 3, c.p.FilterTotalAttend) << r.text;
-        EXPECT_EQ(r.line == 8 ? 0 : 2, c.p.PrintCutOff) << r.text;
+        EXPECT_EQ(r.read, (std::vector<long>{c.p.MeetingNumber, c.p.LastRNum, c.p.FilterTotalAttend, c.p.PrintCutOff}))
+            << r.text;
     }
 }
 
