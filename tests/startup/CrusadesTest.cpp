@@ -39,8 +39,7 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
         Program q(c.host, c.appPath);
         q.DataFile = fresh;
         LoadInfo(q);
-        EXPECT_EQ("Fresh", q.CrusadeName);
-        EXPECT_EQ(usePrior ? "Prior team:555" : "Team #  3", q.TeamNames[3]);
+        EXPECT_EQ(usePrior ? "Fresh Prior team:555" : "Fresh Team #  3", q.CrusadeName + " " + q.TeamNames[3]);
         // The settings file names the new crusade.
         EXPECT_EQ(0u, c.ReadFile(c.appPath + "/Vestrel.ini").find(fresh + "\r\n"));
     }

@@ -289,16 +289,6 @@ TEST(Lifecycle, StaleTempFilesOfTheCrusadeGoWhenItIsOpened) {
     for (const Row& r : rows) EXPECT_EQ(r.stays, fs::exists(d + r.name)) << r.name;
 }
 
-TEST(Lifecycle, AnInformationFileThatCannotBeSavedHandsOutNoNumber) {
-    TestCrusade c;
-    c.p.LastRNum = 9990;
-    fs::create_directories(c.p.CrusadeFile("inf"));   // a folder in its place: no file can be written there
-    c.host.ExpectBox("The crusade information could not be written to:\r\n" + c.p.CrusadeFile("inf"),
-                     host::vbOK, "File Error");
-    EXPECT_EQ("", NextRNum(c.p));
-    EXPECT_EQ(9990, c.p.LastRNum);
-}
-
 TEST(Lifecycle, TheTestHostFailsOnBoxesNeverShownOrUnexpectedAndUnbalancedBusyPointers) {
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.MsgBox("Surprise!", host::vbOKOnly, ""); }, "Surprise!");
     EXPECT_NONFATAL_FAILURE({ ScriptedHost h; h.ExpectBox("never comes"); }, "\"never comes\" was never shown");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 
 #include "platform/vb/Strings.h"
@@ -135,7 +136,7 @@ TEST(InfoFile, OlderLayoutsAndAFileCutShort) {
               (std::vector<std::string>{p.CrusadeName, p.TeamNames[1], p.TeamNames[2], p.DecisionNames[3]}));
 }
 
-TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
+TEST(InfoFile, NextNumberRewritesTheFileAtOnceOrHandsOutNone) {
     TestCrusade c;
     c.p.LastRNum = 9999;
     EXPECT_EQ("9998", NextRNum(c.p));
@@ -143,6 +144,14 @@ TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
     c.p.NumberDirection = "UP";
     c.p.LastRNum = 9999;
     EXPECT_EQ("0000", NextRNum(c.p));   // the text keeps the last four characters
+
+    TestCrusade d;
+    d.p.LastRNum = 9990;
+    std::filesystem::create_directories(d.p.CrusadeFile("inf"));   // a folder in its place: no file can be written
+    d.host.ExpectBox("The crusade information could not be written to:\r\n" + d.p.CrusadeFile("inf"), host::vbOK,
+                     "File Error");
+    EXPECT_EQ("", NextRNum(d.p));
+    EXPECT_EQ(9990, d.p.LastRNum);
 }
 
 TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
