@@ -55,9 +55,8 @@ TEST(Crusades, CancelOrAPriorMeetingWithoutItsFileStopsTheLoad) {
         .ExpectOpen("Create a New Crusade", c.appPath + "/data/Missing.inf");
     c.p.MeetingNumber = 5;
     SelectCrusade(c.p);
-    EXPECT_FALSE(c.p.IsNewFile);
+    EXPECT_FALSE(c.p.IsNewFile || vb::FileExists(c.appPath + "/data/New.inf"));
     EXPECT_EQ(5, c.p.MeetingNumber);
-    EXPECT_FALSE(vb::FileExists(c.appPath + "/data/New.inf"));
 }
 
 TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
@@ -76,10 +75,9 @@ TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
     c.host.ExpectOpen("Create a New Crusade or Select an Existing Crusade", second)
         .ExpectBox("Second Has been loaded successfully.");
     e.mnuChgCr_Click();
-    EXPECT_EQ("Annie", vb::RTrim(c.ReadRecord(1).FName));
-    EXPECT_EQ("Bob", vb::RTrim(other.ReadRecord(1).FName));
-    EXPECT_EQ("Second", e.LName.Text());
-    EXPECT_EQ(2, c.p.IndexCount);
+    EXPECT_EQ((std::vector<std::string>{"Annie", "Bob", "Second", "2"}),
+              (std::vector<std::string>{vb::RTrim(c.ReadRecord(1).FName), vb::RTrim(other.ReadRecord(1).FName),
+                                        e.LName.Text(), std::to_string(c.p.IndexCount)}));
     // The first crusade was closed properly: its information file is there.
     EXPECT_TRUE(vb::FileExists(c.appPath + "/data/First.inf"));
     EXPECT_TRUE(e.mnuRecentFile[0].Visible() && e.mnuRecentFile[1].Visible());

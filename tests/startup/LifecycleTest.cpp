@@ -120,9 +120,8 @@ TEST(Lifecycle, ChangingCrusadeLeavesNothingOfThePreviousOneOnScreen) {
             // Go To has nothing held from the bigger crusade: it stays on the list.
             c.host.sounds.clear();
             e.btnGoTo_Click();
-            EXPECT_EQ(1, c.p.CurrentIndex);
-            EXPECT_EQ("Able", e.LName.Text());
-            EXPECT_EQ(1u, c.host.sounds.size());
+            EXPECT_EQ("1 Able 1", std::to_string(c.p.CurrentIndex) + " " + e.LName.Text() + " " +
+                                      std::to_string(c.host.sounds.size()));
             // Back to the big crusade for the next round.
             c.host.ExpectOpen("Select an Existing Crusade", c.dataFile).ExpectBox("Has been loaded successfully.");
             e.mnuChgCr_Click();
@@ -148,8 +147,8 @@ TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
         EXPECT_EQ(1, p.MemberCount);   // the last crusade's members are read at the splash
         s.btSelect_Click();
     });
-    EXPECT_EQ(secondMembers, c.ReadFile(second.p.CrusadeFile("mem")));
-    EXPECT_EQ(firstMembers, c.ReadFile(c.p.CrusadeFile("mem")));
+    auto bothFiles = [&] { return c.ReadFile(c.p.CrusadeFile("mem")) + c.ReadFile(second.p.CrusadeFile("mem")); };
+    EXPECT_EQ(firstMembers + secondMembers, bothFiles());
     ASSERT_EQ(2, p.MemberCount);
     EXPECT_EQ("0201", p.MemberList[1].substr(0, 4));
     // Tables read for one crusade are not written under another's name.
@@ -166,8 +165,7 @@ TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
         .ExpectBox("Do you want to remove 0101Other", host::vbYes, "Duplicate Chruch member Name")
         .ExpectBox("First Has been loaded successfully.");
     p.Edit().mnuChgCr_Click();
-    EXPECT_EQ(firstMembers, c.ReadFile(c.p.CrusadeFile("mem")));
-    EXPECT_EQ(secondMembers, c.ReadFile(second.p.CrusadeFile("mem")));
+    EXPECT_EQ(firstMembers + secondMembers, bothFiles());
 }
 
 TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
@@ -222,16 +220,15 @@ TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
     // From the menu: the crusade that was open comes back.
     c.p.Loaded = true;
     c.Open();
+    auto stayed = [&] { return c.p.DataFile == c.dataFile && c.p.Edit().LName.Text() == "Here"; };
     c.host.ExpectOpen("Select an Existing Crusade", busy.dataFile).ExpectBox(busy.dataFile + " " + inUse);
     c.p.Edit().mnuChgCr_Click();
-    EXPECT_EQ(c.dataFile, c.p.DataFile);
-    EXPECT_EQ("Here", c.p.Edit().LName.Text());
+    EXPECT_TRUE(stayed());
     // A run-time fault while reading is told in words, and the file is let go.
     c.host.ExpectBox("Vestrel could not open the crusade:\r\n\r\n" + c.dataFile + "\r\nError # 61: Disk full",
                      host::vbOK, "Crusade Cannot Be Opened");
     EXPECT_FALSE(OpenCrusade(c.p, [&]() -> bool { vb::Raise(vb::errDiskFull); }));
-    EXPECT_FALSE(c.p.File1.IsOpen());
-    EXPECT_FALSE(c.p.Loaded);
+    EXPECT_FALSE(c.p.File1.IsOpen() || c.p.Loaded);
     // A new crusade whose information file cannot be made: the one before comes back.
     std::string fresh = c.appPath + "/data/Fresh.dta";
     fs::create_directories(c.appPath + "/data/Fresh.inf");
@@ -240,8 +237,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
         .ExpectBox("The crusade information could not be written to:\r\n" + c.appPath + "/data/Fresh.inf");
     c.p.Edit().mnuChgCr_Click();
     EXPECT_FALSE(vb::FileExists(fresh));
-    EXPECT_EQ(c.dataFile, c.p.DataFile);
-    EXPECT_EQ("Here", c.p.Edit().LName.Text());
+    EXPECT_TRUE(stayed());
     // A new name with a comma or a leading quote is refused, by the menu and by the selection.
     for (const std::string name : {"Smith, Jones", "\"Quoted"}) {
         std::string path = c.appPath + "/data/" + name + ".dta";
@@ -251,7 +247,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
         SelectCrusade(c.p);
         EXPECT_EQ("NoFileSelected", c.p.ScratchText);
         EXPECT_FALSE(vb::FileExists(path));
-        EXPECT_EQ(c.dataFile, c.p.DataFile);
+        EXPECT_TRUE(stayed());
     }
     c.p.File1.Close();
     // From the splash: nothing is held, and only New and Exit are left.
@@ -259,9 +255,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
     c.host.ExpectBox(inUse);
     auto atSplash = [&](frmSplash& s) {
         s.btnLastCrusade_Click();
-        EXPECT_FALSE(p.File1.IsOpen());
-        EXPECT_FALSE(p.Loaded);
-        EXPECT_FALSE(s.btnLastCrusade.Visible());
+        EXPECT_FALSE(p.File1.IsOpen() || p.Loaded || s.btnLastCrusade.Visible());
         s.btnExitVestrel_Click();
     };
     EXPECT_THROW(RunMain(c, p, busy.dataFile, atSplash), host::EndProgram);

@@ -40,10 +40,10 @@ TEST(Startup, FirstRunOrOldTempFilesBringTheDataFolderMessageAndNoFile) {
             s.btnExitVestrel_Click();
         });
         EXPECT_THROW(Main(p), host::EndProgram);
-        EXPECT_EQ(!r.dataThere, sampled);
-        EXPECT_FALSE(fs::exists(t / "Vestrel/temp"));
-        EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
-        EXPECT_TRUE(p.ShowButtonLabels);
+        // {sample data made, temp/ left, data/ there, button labels}
+        EXPECT_EQ((std::vector<bool>{!r.dataThere, false, true, true}),
+                  (std::vector<bool>{sampled, fs::exists(t / "Vestrel/temp"), vb::DirExists(t / "Vestrel/data"),
+                                     p.ShowButtonLabels}));
     }
 }
 
