@@ -1,36 +1,31 @@
 #include <gtest/gtest.h>
 
+#include "edit/CardCrusade.h"
 #include "edit/EditForm.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
-#include "support/TestCrusade.h"
 
 using namespace forms;
 
-namespace {
 // Ten people in three letter groups: A (3), B (4), C (3).
-struct EditFixture {
-    TestCrusade c;
-    EditForm* e = nullptr;
-    EditFixture() {
+class EditScreen : public CardCrusade {
+protected:
+    static std::vector<MasterRecord> Ten() {
         std::vector<MasterRecord> recs;
         const char* names[] = {"Adams", "Allen", "Avery", "Baker", "Bell", "Brown", "Burke", "Cole", "Cruz", "Cyr"};
         for (int i = 0; i < 10; ++i) recs.push_back(MakePerson(std::to_string(9990 + i), "Pat", names[i], "1"));
-        e = &c.ShowOnEditScreen(recs);
+        return recs;
     }
+    EditScreen() : CardCrusade(Ten()) {}
     std::vector<Control*> Highlighted() {
         std::vector<Control*> out;
-        for (Control* ctl : e->Controls())
+        for (Control* ctl : e.Controls())
             if (ctl->BackColor() == HighlightColor) out.push_back(ctl);
         return out;
     }
 };
-}  // namespace
 
-TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
     p.PrintCutOff = 0;
     p.FilterTotalAttend = 4;
     p.DecisionNames[3] = "Keep Sabbath";
@@ -60,7 +55,7 @@ TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
         p.SortName = r.sortName;
         e.SetupScreen("given");
         EXPECT_EQ(r.label, e.EditLabel.Caption()) << r.sortName;
-        std::vector<Control*> lit = f.Highlighted(), want = r.lit;
+        std::vector<Control*> lit = Highlighted(), want = r.lit;
         std::sort(lit.begin(), lit.end());
         std::sort(want.begin(), want.end());
         EXPECT_EQ(want, lit) << r.sortName;
@@ -73,10 +68,7 @@ TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
               (std::vector<std::string>{e.EditLabel.Caption(), e.RecordCounter.Caption(), e.Caption()}));
 }
 
-TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
     // Right on Next from the A group goes to the first B, then the first C; inside the last group the
     // walk ends on the last entry and Previous's on 1: refused. Only the right button jumps, and a
     // list kind without groups does not move.
@@ -88,28 +80,25 @@ TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
     for (const Row& r : rows) {
         p.CurrentIndex = r.from;
         p.SortName = r.sortName;
-        f.c.host.sounds.clear();
+        c.host.sounds.clear();
         e.ChgRec_MouseUp(r.arrow, r.button, 0, 0, 0);
         EXPECT_EQ(r.to, p.CurrentIndex) << r.from << " " << r.arrow;
         if (r.button == vbRightButton && std::string(r.sortName) == "alpha") {
-            EXPECT_EQ(r.clunk ? 1u : 0u, f.c.host.sounds.size()) << r.from << " " << r.arrow;
+            EXPECT_EQ(r.clunk ? 1u : 0u, c.host.sounds.size()) << r.from << " " << r.arrow;
         }
     }
     EXPECT_EQ("Avery", e.LName.Text());   // the last move that was made
 }
 
-TEST(EditScreen, WalkingMarkingAndGoingBack) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, WalkingMarkingAndGoingBack) {
     e.btnGoTo_Click();   // nothing marked, no move yet: refused, nobody else shown
     EXPECT_EQ("Adams", e.LName.Text());
     EXPECT_FALSE(p.AddMode);
-    f.c.host.sounds.clear();
+    c.host.sounds.clear();
     e.ChgRec_Click(0);
     e.ChgRec_Click(1);   // before the first: refused, same person
     EXPECT_EQ("Adams", e.LName.Text());
-    EXPECT_EQ(1u, f.c.host.sounds.size());
+    EXPECT_EQ(1u, c.host.sounds.size());
     e.ChgRec_Click(3);
     EXPECT_EQ("Cyr", e.LName.Text());
     e.ChgRec_Click(1);
@@ -127,10 +116,7 @@ TEST(EditScreen, WalkingMarkingAndGoingBack) {
     EXPECT_EQ("", p.ScratchValue);
 }
 
-TEST(EditScreen, ShowRecordColoursAndTheUndoCopy) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, ShowRecordColoursAndTheUndoCopy) {
     // An address or a phone no visitor can use is red and bold: {address red, bold, phone red, bold}.
     struct Row { const char* address; const char* phone; std::vector<bool> marked; };
     for (const Row& r : {Row{"PO Box 12", "Unknown", {true, true, true, true}},
@@ -154,33 +140,29 @@ TEST(EditScreen, ShowRecordColoursAndTheUndoCopy) {
     EXPECT_EQ(p.MasterRec, p.UndoRec);
 }
 
-TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
-    MasterRecord g = f.c.ReadRecord(2);
+TEST_F(EditScreen, InformationBoxAndTheEmptyListBox) {
+    MasterRecord g = c.ReadRecord(2);
     g.IntLevel = "G";
     p.MasterRec = g;
     PutRecord(p, 2);
-    f.c.host.ExpectBox("Fall\r\n" + p.DataFile + "\r\nMail List-------- 10\r\n\r\nInterest Level A: 0\r\n"
-                       "Interest Level B: 0\r\nInterest Level C: 0\r\nTotal Baptized--- 1",
-                       host::vbOK, "File Information");
+    c.host.ExpectBox("Fall\r\n" + p.DataFile + "\r\nMail List-------- 10\r\n\r\nInterest Level A: 0\r\n"
+                     "Interest Level B: 0\r\nInterest Level C: 0\r\nTotal Baptized--- 1",
+                     host::vbOK, "File Information");
     e.mnuInfo_Click();
     p.IndexCount = 0;
-    f.c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
-                       "You must add one more names to this filter or file before using this feature.");
+    c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
+                     "You must add one more names to this filter or file before using this feature.");
     e.btnViewFile_Click();
     // An empty filter: the information box alone, no blank card.
     p.CurrentIndex = 0;
-    f.c.host.ExpectBox("Mail List-------- 10", host::vbOK, "File Information");
+    c.host.ExpectBox("Mail List-------- 10", host::vbOK, "File Information");
     e.mnuInfo_Click();
     EXPECT_FALSE(p.AddMode);
 }
 
-TEST(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
-    EditFixture f;
-    f.e->ChgRec[0].SetVisible(false);
-    f.e->mnuEditMode_Click();
-    EXPECT_FALSE(f.e->ChgRec[0].Visible());
-    for (int i = 1; i <= 3; ++i) EXPECT_TRUE(f.e->ChgRec[i].Visible()) << i;
+TEST_F(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
+    e.ChgRec[0].SetVisible(false);
+    e.mnuEditMode_Click();
+    EXPECT_FALSE(e.ChgRec[0].Visible());
+    for (int i = 1; i <= 3; ++i) EXPECT_TRUE(e.ChgRec[i].Visible()) << i;
 }
