@@ -23,9 +23,13 @@ std::string Join(const std::vector<std::string>& lines) {
 }
 }  // namespace
 
-TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
+class InfoFile : public ::testing::Test {
+protected:
     TestCrusade c;
     Program& p = c.p;
+};
+
+TEST_F(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     p.CrusadeName = "Springfield 2026";
     p.CrusadeDate = "3/1/2026";
     p.MeetingNumber = 12;
@@ -66,9 +70,7 @@ TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     EXPECT_EQ(first, c.ReadFile(p.CrusadeFile("inf")));
 }
 
-TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
-    TestCrusade c;
-    Program& p = c.p;
+TEST_F(InfoFile, OverwritesAndDefaultsThatComeBack) {
     p.DecisionCodes[1] = "Q";
     p.DecisionCodes[9] = "Z";
     p.DecisionNames[1] = "Something";
@@ -84,9 +86,7 @@ TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
                                         p.AgeGroups[0], p.AgeGroups[6]}));
 }
 
-TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
-    TestCrusade c;
-    Program& p = c.p;
+TEST_F(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     p.CrusadeName = "Smith, Jones";
     p.CrusadeDate = "3/1/2026";
     p.MeetingNumber = 4;
@@ -100,9 +100,7 @@ TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     EXPECT_EQ(4, p.LastRNum);
 }
 
-TEST(InfoFile, OlderLayoutsAndAFileCutShort) {
-    TestCrusade c;
-    Program& p = c.p;
+TEST_F(InfoFile, OlderLayoutsAndAFileCutShort) {
     c.WriteRecords({});
     // A 2.4 file: 20 team lines, decision codes one to a line.
     std::vector<std::string> lines = {"Old One", "1/1/1999", " 3", " 9000 ", "DOWN", "", " 1 ", " 0 ", "version 2.4.1"};
@@ -136,14 +134,13 @@ TEST(InfoFile, OlderLayoutsAndAFileCutShort) {
               (std::vector<std::string>{p.CrusadeName, p.TeamNames[1], p.TeamNames[2], p.DecisionNames[3]}));
 }
 
-TEST(InfoFile, NextNumberRewritesTheFileAtOnceOrHandsOutNone) {
-    TestCrusade c;
-    c.p.LastRNum = 9999;
-    EXPECT_EQ("9998", NextRNum(c.p));
-    EXPECT_NE(std::string::npos, c.ReadFile(c.p.CrusadeFile("inf")).find("\r\n 9998 \r\n"));
-    c.p.NumberDirection = "UP";
-    c.p.LastRNum = 9999;
-    EXPECT_EQ("0000", NextRNum(c.p));   // the text keeps the last four characters
+TEST_F(InfoFile, NextNumberRewritesTheFileAtOnceOrHandsOutNone) {
+    p.LastRNum = 9999;
+    EXPECT_EQ("9998", NextRNum(p));
+    EXPECT_NE(std::string::npos, c.ReadFile(p.CrusadeFile("inf")).find("\r\n 9998 \r\n"));
+    p.NumberDirection = "UP";
+    p.LastRNum = 9999;
+    EXPECT_EQ("0000", NextRNum(p));   // the text keeps the last four characters
 
     TestCrusade d;
     d.p.LastRNum = 9990;
@@ -154,8 +151,7 @@ TEST(InfoFile, NextNumberRewritesTheFileAtOnceOrHandsOutNone) {
     EXPECT_EQ(9990, d.p.LastRNum);
 }
 
-TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
-    TestCrusade c;
+TEST_F(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
     // Lines 3, 4, 7 and 8: MeetingNumber, LastRNum, FilterTotalAttend, PrintCutOff.
     struct Row { int line; std::string text; std::vector<long> read; };
     const Row rows[] = {{3, "1e300", {1, 9876, 3, 2}},  {4, "-1e300", {5, 9999, 3, 2}}, {4, "40000", {5, 9999, 3, 2}},
@@ -163,23 +159,22 @@ TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
     for (const Row& r : rows) {
         std::vector<std::string> lines = {"Name", "1/1/2026", " 5", " 9876 ", "DOWN", "", " 3 ", " 2 ", "version 2.5.0"};
         lines[r.line - 1] = r.text;
-        c.WriteFile(c.p.CrusadeFile("inf"), Join(lines));
-        LoadInfo(c.p);
-        EXPECT_EQ(r.read, (std::vector<long>{c.p.MeetingNumber, c.p.LastRNum, c.p.FilterTotalAttend, c.p.PrintCutOff}))
+        c.WriteFile(p.CrusadeFile("inf"), Join(lines));
+        LoadInfo(p);
+        EXPECT_EQ(r.read, (std::vector<long>{p.MeetingNumber, p.LastRNum, p.FilterTotalAttend, p.PrintCutOff}))
             << r.text;
     }
 }
 
-TEST(InfoFile, TheCanadianMarkReadsBackAndDoesNotGrow) {
-    TestCrusade c;
-    c.p.CrusadeName = "Toronto";
-    c.p.CanadaSorter = true;
+TEST_F(InfoFile, TheCanadianMarkReadsBackAndDoesNotGrow) {
+    p.CrusadeName = "Toronto";
+    p.CanadaSorter = true;
     for (int round = 0; round < 2; ++round) {
-        ASSERT_TRUE(SaveInfo(c.p));
-        EXPECT_EQ(0u, c.ReadFile(c.p.CrusadeFile("inf")).find("Toronto*Canada\r\n"));
-        c.p.CanadaSorter = false;
-        LoadInfo(c.p);
-        EXPECT_EQ("Toronto", c.p.CrusadeName);
-        EXPECT_TRUE(c.p.CanadaSorter);
+        ASSERT_TRUE(SaveInfo(p));
+        EXPECT_EQ(0u, c.ReadFile(p.CrusadeFile("inf")).find("Toronto*Canada\r\n"));
+        p.CanadaSorter = false;
+        LoadInfo(p);
+        EXPECT_EQ("Toronto", p.CrusadeName);
+        EXPECT_TRUE(p.CanadaSorter);
     }
 }
