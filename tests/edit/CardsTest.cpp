@@ -11,18 +11,10 @@
 using namespace forms;
 using vb::RTrim;
 
-namespace {
-void StartAdding(CardCrusade& f, const std::string& meeting) {
-    f.c.host.ExpectInput("Enter the Meeting Number", meeting);
-    f.e->mnuAddRecords_Click();
-}
-}  // namespace
+using Cards = CardCrusade;
 
-TEST(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
-    StartAdding(f, "2");
+TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
+    StartAdding("2");
     ASSERT_TRUE(p.AddMode);
     EXPECT_TRUE(e.RNum.HasFocus());
     EXPECT_EQ("-2--------------------------------------", e.Attendance.Text());
@@ -35,59 +27,53 @@ TEST(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
         box->SetFocus();
         box->SetText(text);
     }
-    f.c.host.ExpectInput("Enter the Letter(s):", "ni-Smith");
+    c.host.ExpectInput("Enter the Letter(s):", "ni-Smith");
     e.Advertising.SetFocus();
     EXPECT_TRUE(e.WorkerCode.HasFocus());
     e.btnSaveNew_Click();
 
-    ASSERT_EQ(9, f.c.RecordsOnDisk());
-    MasterRecord r = f.c.ReadRecord(9);
+    ASSERT_EQ(9, c.RecordsOnDisk());
+    MasterRecord r = c.ReadRecord(9);
     // Numbers fall from 9999.
     EXPECT_EQ((std::vector<std::string>{"9998", "O'neil", "12 Oak St #2B", "N.....I-Smith",
-                                        "met at the door twice  brought a friend", "-2" + std::string(38, '-')}),
+                                        "met at the door twice  brought a friend", "-2" + std::string(38, '-'), "2",
+                                        "-1"}),
               (std::vector<std::string>{r.RNum.str(), RTrim(r.LName), RTrim(r.Address), RTrim(r.Advertising),
-                                        RTrim(r.Notes), r.Attendance.str()}));
-    EXPECT_EQ(2, r.Last);
-    EXPECT_EQ(-1, r.MailList);
+                                        RTrim(r.Notes), r.Attendance.str(), std::to_string(r.Last),
+                                        std::to_string(r.MailList)}));
     EXPECT_EQ(p.MasterRec, p.PreviousRec);   // F2 and F3 copy from the card just saved
     // The next card is blank and on the same meeting.
     EXPECT_EQ("", e.LName.Text());
     // A card left without a last name, confirmed, is saved as "Unknown"; then add mode ends.
     e.FName.SetText("Lou");
-    f.c.host.ExpectBox("This record appears to be incomplete.", host::vbYes, "Exit Add Mode");
+    c.host.ExpectBox("This record appears to be incomplete.", host::vbYes, "Exit Add Mode");
     e.btnSaveExit_Click();
     EXPECT_FALSE(p.AddMode);
-    ASSERT_EQ(10, f.c.RecordsOnDisk());
-    EXPECT_EQ("Unknown", RTrim(f.c.ReadRecord(10).LName));
-    EXPECT_EQ("9997", f.c.ReadRecord(10).RNum.str());
+    ASSERT_EQ(10, c.RecordsOnDisk());
+    EXPECT_EQ("9997Unknown", c.ReadRecord(10).RNum.str() + RTrim(c.ReadRecord(10).LName));
     EXPECT_TRUE(e.SearchBox.HasFocus());
 }
 
-TEST(Cards, AnAbortedCardStillUsedItsNumber) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    StartAdding(f, "1");
+TEST_F(Cards, AnAbortedCardStillUsedItsNumber) {
+    StartAdding("1");
     e.RNum.SetText(e.DrawRNum());   // what leaving the number box does on a new card
     EXPECT_EQ("9998", e.RNum.Text());
     e.LName.SetText("Gone");
-    f.c.host.ExpectBox("You are exiting this record without saving it.", host::vbYes, "Exit Add Mode");
+    c.host.ExpectBox("You are exiting this record without saving it.", host::vbYes, "Exit Add Mode");
     e.btnCancelNew_Click();
-    EXPECT_EQ(8, f.c.RecordsOnDisk());
+    EXPECT_EQ(8, c.RecordsOnDisk());
     // A fresh run reads the number from the information file, not from memory.
     TestCrusade again;
-    again.p.DataFile = f.c.p.DataFile;
+    again.p.DataFile = c.p.DataFile;
     LoadInfo(again.p);
     EXPECT_EQ(9998, again.p.LastRNum);
-    StartAdding(f, "1");
+    StartAdding("1");
     e.LName.SetText("Kept");
     e.btnSaveNew_Click();
-    EXPECT_EQ("9997", f.c.ReadRecord(9).RNum.str());
+    EXPECT_EQ("9997", c.ReadRecord(9).RNum.str());
 }
 
-TEST(Cards, DuplicateNumbersAreRefused) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Cards, DuplicateNumbersAreRefused) {
     // Adams (0101) is first in the list.
     struct Row { bool addMode; std::string number; int result; };
     const Row rows[] = {
@@ -99,63 +85,52 @@ TEST(Cards, DuplicateNumbersAreRefused) {
     for (const Row& r : rows) {
         p.AddMode = r.addMode;
         e.RNum.SetText(r.number);
-        if (r.result) f.c.host.ExpectBox(r.number + " is a duplicate record number", host::vbOK);
+        if (r.result) c.host.ExpectBox(r.number + " is a duplicate record number", host::vbOK);
         EXPECT_EQ(r.result, e.CheckDuplicate(r.number)) << r.number << " add " << r.addMode;
         EXPECT_EQ(r.result ? "" : r.number, e.RNum.Text());
     }
     p.AddMode = false;
 }
 
-TEST(Cards, AMoveSavesOnlyWhenSomethingDiffers) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Cards, AMoveSavesOnlyWhenSomethingDiffers) {
     ASSERT_EQ("Adams", e.LName.Text());   // record 3
     // Another hand changes the file under the screen: a save without a difference must not undo it.
-    MasterRecord outside = f.c.ReadRecord(3);
+    MasterRecord outside = c.ReadRecord(3);
     outside.City = "Elsewhere";
     p.MasterRec = outside;
     PutRecord(p, 3);
     p.MasterRec = p.UndoRec;
     e.ChgRec_Click(2);
-    EXPECT_EQ("Elsewhere", RTrim(f.c.ReadRecord(3).City));
+    EXPECT_EQ("Elsewhere", RTrim(c.ReadRecord(3).City));
     EXPECT_EQ("Avery", e.LName.Text());
     // Now an edit: it reaches the file and the list entry follows the new name.
     e.LName.SetText("Zane");
     e.ChgRec_Click(1);
-    EXPECT_EQ("Zane", RTrim(f.c.ReadRecord(8).LName));
+    EXPECT_EQ("Zane", RTrim(c.ReadRecord(8).LName));
     EXPECT_EQ("0106ZANE HA   8", p.SortIndex[2]);
     // Undo: the edit on screen goes, the file keeps what was saved.
     e.FName.SetText("Changed");
-    f.c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");
+    c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");
     e.mnuUndo_Click();
     EXPECT_EQ("Cy", e.FName.Text());
-    EXPECT_TRUE(f.Played("carbrake"));
+    EXPECT_TRUE(Played("carbrake"));
 }
 
-TEST(Cards, CopyDropsTheUnsavedEditAndDrawsANumber) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Cards, CopyDropsTheUnsavedEditAndDrawsANumber) {
     e.City.SetText("Typed but not saved");
-    f.c.host.ExpectBox("This will copy the Current Record to a new record in the file.", host::vbYes);
+    c.host.ExpectBox("This will copy the Current Record to a new record in the file.", host::vbYes);
     e.CopyCurrentRecord();
-    ASSERT_EQ(9, f.c.RecordsOnDisk());
-    MasterRecord copy = f.c.ReadRecord(9);
-    EXPECT_EQ("9998", copy.RNum.str());
-    EXPECT_EQ("Adams", RTrim(copy.LName));
-    EXPECT_EQ("", RTrim(copy.FName));
-    EXPECT_EQ(0, copy.MailList);
-    EXPECT_EQ(9, p.IndexCount);
-    // The original was not touched.
-    EXPECT_EQ("Springfield", RTrim(f.c.ReadRecord(3).City));
+    ASSERT_EQ(9, c.RecordsOnDisk());
+    MasterRecord copy = c.ReadRecord(9);
+    // The copy keeps the household but no first name and is off the mail list; the original is not touched.
+    EXPECT_EQ((std::vector<std::string>{"9998", "Adams", "", "0", "9", "Springfield"}),
+              (std::vector<std::string>{copy.RNum.str(), RTrim(copy.LName), RTrim(copy.FName),
+                                        std::to_string(copy.MailList), std::to_string(p.IndexCount),
+                                        RTrim(c.ReadRecord(3).City)}));
 }
 
-TEST(Cards, ADiskThatRefusesTheCardLosesNothing) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
-    StartAdding(f, "1");
+TEST_F(Cards, ADiskThatRefusesTheCardLosesNothing) {
+    StartAdding("1");
     e.RNum.SetText("0500");
     e.LName.SetText("Full");
     // The file may not grow: the append of the card fails as on a full disk.
@@ -165,15 +140,12 @@ TEST(Cards, ADiskThatRefusesTheCardLosesNothing) {
     rlimit lim = old;
     lim.rlim_cur = static_cast<rlim_t>(8 * MasterRecord::Length);
     setrlimit(RLIMIT_FSIZE, &lim);
-    f.c.host.ExpectBox("The record could not be written to the disk", host::vbOK, "Record Not Saved");
+    c.host.ExpectBox("The record could not be written to the disk", host::vbOK, "Record Not Saved");
     e.btnSaveNew_Click();
     setrlimit(RLIMIT_FSIZE, &old);
-    EXPECT_EQ(8, f.c.RecordsOnDisk());
-    EXPECT_EQ(8, p.RecordCount);
-    EXPECT_EQ(8, p.IndexCount);
-    EXPECT_EQ("Full", e.LName.Text());   // the card is still there to save again
-    EXPECT_EQ("0500", e.RNum.Text());
+    EXPECT_EQ((std::vector<long>{8, 8, 8}), (std::vector<long>{c.RecordsOnDisk(), p.RecordCount, p.IndexCount}));
+    EXPECT_EQ("0500 Full", e.RNum.Text() + " " + e.LName.Text());   // the card is still there to save again
     e.btnSaveNew_Click();
-    ASSERT_EQ(9, f.c.RecordsOnDisk());
-    EXPECT_EQ("Full", RTrim(f.c.ReadRecord(9).LName));
+    ASSERT_EQ(9, c.RecordsOnDisk());
+    EXPECT_EQ("Full", RTrim(c.ReadRecord(9).LName));
 }

@@ -6,10 +6,9 @@
 
 using namespace forms;
 using vb::RTrim;
+using Codes = CardCrusade;
 
-TEST(Codes, VisitCodes) {
-    CardCrusade f;
-    Program& p = f.c.p;
+TEST_F(Codes, VisitCodes) {
     p.MeetingNumber = 7;
     struct Row { std::string visits; char key; std::string answer; int deleteAnswer; std::string want; bool clunk; };
     const Row rows[] = {
@@ -24,27 +23,24 @@ TEST(Codes, VisitCodes) {
         {"", 'P', "", 0, "", false},
     };
     for (const Row& r : rows) {
-        f.c.host.sounds.clear();
-        f.c.host.ExpectInput(r.key == 'A' ? "'A' for Appointment" : "Followed by the number of the last meeting",
-                             r.answer);
-        if (r.deleteAnswer) f.c.host.ExpectBox("Do you want to delete the last visit?", r.deleteAnswer, "Delete Visit");
+        c.host.sounds.clear();
+        c.host.ExpectInput(r.key == 'A' ? "'A' for Appointment" : "Followed by the number of the last meeting",
+                           r.answer);
+        if (r.deleteAnswer) c.host.ExpectBox("Do you want to delete the last visit?", r.deleteAnswer, "Delete Visit");
         EXPECT_EQ(r.want, EnterVisitCode(p, r.visits, r.key)) << r.visits << " " << r.key << r.answer;
-        EXPECT_EQ(r.clunk, f.Played("clunk")) << r.visits << " " << r.key << r.answer;
+        EXPECT_EQ(r.clunk, Played("clunk")) << r.visits << " " << r.key << r.answer;
     }
     // Through the keyboard: a code letter asks, any other key is explained and swallowed.
-    EditForm& e = *f.e;
     e.Visits.SetFocus();
-    f.c.host.ExpectInput("Followed by the number of the last meeting", "7");
+    c.host.ExpectInput("Followed by the number of the last meeting", "7");
     e.PressKey('H', 0, 'h');
     EXPECT_EQ("h07", e.Visits.Text());
-    f.c.host.ExpectBox("You must enter one of the following codes: ", host::vbOK, "Enter Visitation Code");
+    c.host.ExpectBox("You must enter one of the following codes: ", host::vbOK, "Enter Visitation Code");
     e.PressKey('Q', 0, 'q');
     EXPECT_EQ("h07", e.Visits.Text());
 }
 
-TEST(Codes, Advertising) {
-    CardCrusade f;
-    EditForm& e = *f.e;
+TEST_F(Codes, Advertising) {
     struct Row { std::string box, attendance; std::vector<std::string> answers; std::string want; };
     const Row rows[] = {
         {".......", "-1", {"I-Lastname"}, "......I-Lastname"},
@@ -59,12 +55,12 @@ TEST(Codes, Advertising) {
         e.SearchBox.SetFocus();
         e.Advertising.SetText(r.box);
         e.Attendance.SetText(r.attendance);
-        f.c.host.ExpectInput("Enter the Letter(s):", r.answers[0]);
+        c.host.ExpectInput("Enter the Letter(s):", r.answers[0]);
         if (r.answers.size() > 1 && r.answers[0] == "I")
-            f.c.host.ExpectInput("Enter the Last Name of the Person who invited them:", r.answers[1]);
+            c.host.ExpectInput("Enter the Last Name of the Person who invited them:", r.answers[1]);
         if (r.answers.size() > 1 && r.answers[0] != "I") {
-            f.c.host.ExpectBox("The Persons name is too long.");
-            f.c.host.ExpectInput("Enter the Letter(s):", r.answers[1]);
+            c.host.ExpectBox("The Persons name is too long.");
+            c.host.ExpectInput("Enter the Letter(s):", r.answers[1]);
         }
         e.Advertising.SetFocus();
         EXPECT_EQ(r.want, e.Advertising.Text()) << r.box << " " << r.answers[0];
@@ -72,10 +68,7 @@ TEST(Codes, Advertising) {
     }
 }
 
-TEST(Codes, DecisionsInterestAndBaptism) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Codes, DecisionsInterestAndBaptism) {
     auto unite = [&] {
         e.Dec[8].UserClick();
         e.Dec[8].UserMouseUp(vbLeftButton, 0, 0, 0);
@@ -90,7 +83,7 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     EXPECT_EQ("--------U", e.Decisions.Text());
     e.Dec[1].UserClick();
     EXPECT_EQ("-S------U", e.Decisions.Text());
-    f.c.host.ExpectBox("You have removed the Decision to Unite with the church.");
+    c.host.ExpectBox("You have removed the Decision to Unite with the church.");
     unite();
     EXPECT_EQ("-S-------", e.Decisions.Text());
 
@@ -98,7 +91,7 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     p.MasterRec.IntLevel = "C";
     e.IntLevel.SetText("b");
     EXPECT_EQ("B", e.IntLevel.Text());
-    f.c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
+    c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
     e.IntLevel.SetText("x");
     EXPECT_EQ("C", e.IntLevel.Text());
     EXPECT_TRUE(e.IntLevel.HasFocus());
@@ -107,9 +100,8 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     e.BaptDate.SetText("");
     e.Baptized.SetValue(vbUnchecked);
     e.Baptized.UserClick();
-    EXPECT_EQ("G", e.IntLevel.Text());
-    EXPECT_EQ("11/22/26", e.BaptDate.Text());
-    f.c.host.ExpectBox("Please Enter the Correct Interest Level.");
+    EXPECT_EQ("G 11/22/26", e.IntLevel.Text() + " " + e.BaptDate.Text());
+    c.host.ExpectBox("Please Enter the Correct Interest Level.");
     e.Baptized.UserClick();
     EXPECT_EQ("", e.IntLevel.Text());
     EXPECT_TRUE(e.IntLevel.HasFocus());
@@ -117,7 +109,7 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     e.Dec[0].UserClick();
     e.IntLevel.SetText("A");
     e.ChgRec_Click(2);
-    MasterRecord saved = f.c.ReadRecord(3);
+    MasterRecord saved = c.ReadRecord(3);
     EXPECT_EQ((std::vector<std::string>{"CS-------", "A", "11/22/26"}),
               (std::vector<std::string>{RTrim(saved.Decisions), saved.IntLevel.str(), saved.BaptDate.str()}));
     p.MasterRec.IntLevel = "z";   // a damaged record is shown without a box
@@ -125,25 +117,23 @@ TEST(Codes, DecisionsInterestAndBaptism) {
     EXPECT_EQ("Z", e.IntLevel.Text());
 }
 
-TEST(Codes, NotesKeepToOneShortLine) {
-    CardCrusade f;
-    EditForm& e = *f.e;
+TEST_F(Codes, NotesKeepToOneShortLine) {
     e.Notes.SetFocus();
     e.Notes.SetText("abc");
     e.Notes.SetSelStart(3);
     struct Row { int code, ascii; std::string box; };
     for (const Row& r : std::vector<Row>{{vbKeyReturn, 13, "You cannot enter multiple lines in this box."},
                                          {188, ',', "You cannot enter a comma in this box."}}) {
-        f.c.host.ExpectBox(r.box);
+        c.host.ExpectBox(r.box);
         e.PressKey(r.code, 0, r.ascii);
         EXPECT_EQ("abc", e.Notes.Text());
     }
     e.Notes.SetText(std::string(155, 'x'));
-    f.c.host.ExpectBox("You have reached the limit for Notes.");
+    c.host.ExpectBox("You have reached the limit for Notes.");
     e.PressKey(vbKeyEnd, 0, 0);
     EXPECT_EQ(150u, e.Notes.Text().size());
     // The caution shows once per visit to a person.
-    f.c.host.ExpectBox("Notes entered here are only for data entry items", host::vbOK, "Note Box Caution!");
+    c.host.ExpectBox("Notes entered here are only for data entry items", host::vbOK, "Note Box Caution!");
     e.Notes.UserMouseDown(vbLeftButton, 0, 0, 0);
     e.Notes.UserMouseDown(vbLeftButton, 0, 0, 0);
 }

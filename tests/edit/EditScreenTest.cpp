@@ -1,76 +1,61 @@
 #include <gtest/gtest.h>
 
+#include "edit/CardCrusade.h"
 #include "edit/EditForm.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
-#include "support/TestCrusade.h"
 
 using namespace forms;
 
-namespace {
 // Ten people in three letter groups: A (3), B (4), C (3).
-struct EditFixture {
-    TestCrusade c;
-    EditForm* e = nullptr;
-    EditFixture() {
+class EditScreen : public CardCrusade {
+protected:
+    static std::vector<MasterRecord> Ten() {
         std::vector<MasterRecord> recs;
         const char* names[] = {"Adams", "Allen", "Avery", "Baker", "Bell", "Brown", "Burke", "Cole", "Cruz", "Cyr"};
         for (int i = 0; i < 10; ++i) recs.push_back(MakePerson(std::to_string(9990 + i), "Pat", names[i], "1"));
-        e = &c.ShowOnEditScreen(recs);
+        return recs;
     }
+    EditScreen() : CardCrusade(Ten()) {}
     std::vector<Control*> Highlighted() {
         std::vector<Control*> out;
-        for (Control* ctl : e->Controls())
+        for (Control* ctl : e.Controls())
             if (ctl->BackColor() == HighlightColor) out.push_back(ctl);
         return out;
     }
 };
-}  // namespace
 
-TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
     p.PrintCutOff = 0;
     p.FilterTotalAttend = 4;
     p.DecisionNames[3] = "Keep Sabbath";
     p.TeamNames[7] = "Jones:555-0101";
     struct Row { std::string sortName, label; std::vector<Control*> lit; };
     std::vector<Row> rows = {
-        {"age", "given", {&e.Age}},
-        {"Advertising", "given", {&e.Advertising}},
-        {"alpha", "All Names Sorted Alphabetially", {}},
-        {"alphafilter", "Alphabetical List\r\nAll Names", {}},
+        {"age", "given", {&e.Age}}, {"Advertising", "given", {&e.Advertising}},
+        {"alpha", "All Names Sorted Alphabetially", {}}, {"alphafilter", "Alphabetical List\r\nAll Names", {}},
         {"wcalpha", "Team Codes\r\nAll Names", {&e.WorkerCode, &e.Last}},
-        {"interest", "Priority List", {&e.IntLevel}},
-        {"baptism", "Baptisms List", {&e.IntLevel}},
-        {"date", "Baptism Dates", {&e.BaptDate}},
-        {"FutureBapDateSet", "Future Baptism Dates Set", {&e.BaptDate}},
-        {"attend", "Attendance \r\nLast Mtg >0", {&e.Attendance, &e.Last}},
-        {"zip", "Zip Code Filter", {&e.Zip}},
-        {"religion", "Religion\r\nLast Mtg >0", {}},
-        {"attendnight12", "Attendance for \r\nMtg: 12", {&e.Last}},
-        {"mail", "Mail List", {}},
-        {"DupAddress", "Duplicate\r\nAddresses", {&e.Address}},
+        {"interest", "Priority List", {&e.IntLevel}}, {"baptism", "Baptisms List", {&e.IntLevel}},
+        {"date", "Baptism Dates", {&e.BaptDate}}, {"FutureBapDateSet", "Future Baptism Dates Set", {&e.BaptDate}},
+        {"attend", "Attendance \r\nLast Mtg >0", {&e.Attendance, &e.Last}}, {"zip", "Zip Code Filter", {&e.Zip}},
+        {"religion", "Religion\r\nLast Mtg >0", {}}, {"attendnight12", "Attendance for \r\nMtg: 12", {&e.Last}},
+        {"mail", "Mail List", {}}, {"DupAddress", "Duplicate\r\nAddresses", {&e.Address}},
         {"NDupAddress", "Dup Address\r\nDifferent Name", {&e.LName, &e.Address}},
         {"TDupAddress", "Duplicate Address\r\nDifferent Team", {&e.Address, &e.WorkerCode}},
         {"CleanMailList", "Clean up Mail List", {&e.Address, &e.WorkerCode}},
-        {"PreCrusade", "Pre-Crusade\r\nGuests", {}},
-        {"marked", "Marked Names", {&e.chkMarkToVisit}},
+        {"PreCrusade", "Pre-Crusade\r\nGuests", {}}, {"marked", "Marked Names", {&e.chkMarkToVisit}},
         {"SelWCAttend07", "Team Code: 07\r\nJones", {&e.WorkerCode, &e.Attendance}},
         {"TotalAttend", "Total Meetings\r\nAttended =4", {&e.Attendance}},
         {"wcattend", "given", {&e.WorkerCode, &e.Attendance}},
-        {"decisions3", "Decision:\r\nKeep Sabbath", {&e.Dec[2]}},
-        {"missednight 3", "Missed \r\n3 night(s).", {}},
-        {"", "", {}},
-        {"notes", "given", {&e.Notes}},
+        {"decisions3", "Decision:\r\nKeep Sabbath", {&e.Dec[2]}}, {"missednight 3", "Missed \r\n3 night(s).", {}},
+        {"", "", {}}, {"notes", "given", {&e.Notes}},
         {"somethingelse", "given", {}},
     };
     for (const Row& r : rows) {
         p.SortName = r.sortName;
         e.SetupScreen("given");
         EXPECT_EQ(r.label, e.EditLabel.Caption()) << r.sortName;
-        std::vector<Control*> lit = f.Highlighted(), want = r.lit;
+        std::vector<Control*> lit = Highlighted(), want = r.lit;
         std::sort(lit.begin(), lit.end());
         std::sort(want.begin(), want.end());
         EXPECT_EQ(want, lit) << r.sortName;
@@ -83,10 +68,7 @@ TEST(EditScreen, SetupScreenCaptionsAndHighlightsFollowTheListKind) {
               (std::vector<std::string>{e.EditLabel.Caption(), e.RecordCounter.Caption(), e.Caption()}));
 }
 
-TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
     // Right on Next from the A group goes to the first B, then the first C; inside the last group the
     // walk ends on the last entry and Previous's on 1: refused. Only the right button jumps, and a
     // list kind without groups does not move.
@@ -98,28 +80,25 @@ TEST(EditScreen, RightClickJumpsWholeGroupsButNeverIntoTheFirstOrLast) {
     for (const Row& r : rows) {
         p.CurrentIndex = r.from;
         p.SortName = r.sortName;
-        f.c.host.sounds.clear();
+        c.host.sounds.clear();
         e.ChgRec_MouseUp(r.arrow, r.button, 0, 0, 0);
         EXPECT_EQ(r.to, p.CurrentIndex) << r.from << " " << r.arrow;
         if (r.button == vbRightButton && std::string(r.sortName) == "alpha") {
-            EXPECT_EQ(r.clunk ? 1u : 0u, f.c.host.sounds.size()) << r.from << " " << r.arrow;
+            EXPECT_EQ(r.clunk ? 1u : 0u, c.host.sounds.size()) << r.from << " " << r.arrow;
         }
     }
     EXPECT_EQ("Avery", e.LName.Text());   // the last move that was made
 }
 
-TEST(EditScreen, WalkingMarkingAndGoingBack) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
+TEST_F(EditScreen, WalkingMarkingAndGoingBack) {
     e.btnGoTo_Click();   // nothing marked, no move yet: refused, nobody else shown
     EXPECT_EQ("Adams", e.LName.Text());
     EXPECT_FALSE(p.AddMode);
-    f.c.host.sounds.clear();
+    c.host.sounds.clear();
     e.ChgRec_Click(0);
     e.ChgRec_Click(1);   // before the first: refused, same person
     EXPECT_EQ("Adams", e.LName.Text());
-    EXPECT_EQ(1u, f.c.host.sounds.size());
+    EXPECT_EQ(1u, c.host.sounds.size());
     e.ChgRec_Click(3);
     EXPECT_EQ("Cyr", e.LName.Text());
     e.ChgRec_Click(1);
@@ -137,63 +116,53 @@ TEST(EditScreen, WalkingMarkingAndGoingBack) {
     EXPECT_EQ("", p.ScratchValue);
 }
 
-TEST(EditScreen, ShowRecordColoursAndTheUndoCopy) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
-    p.MasterRec.Address = "PO Box 12";
-    p.MasterRec.Phone = "Unknown";
+TEST_F(EditScreen, ShowRecordColoursAndTheUndoCopy) {
+    // An address or a phone no visitor can use is red and bold: {address red, bold, phone red, bold}.
+    struct Row { const char* address; const char* phone; std::vector<bool> marked; };
+    for (const Row& r : {Row{"PO Box 12", "Unknown", {true, true, true, true}},
+                         Row{"Address Unknown", "555-0100", {true, true, false, false}},
+                         Row{"1 Main St", "555-0100", {false, false, false, false}}}) {
+        p.MasterRec.Address = r.address;
+        p.MasterRec.Phone = r.phone;
+        e.ShowRecord();
+        EXPECT_EQ(r.marked, (std::vector<bool>{e.Address.ForeColor() == vbRed, e.Address.FontBold(),
+                                               e.Phone.ForeColor() == vbRed, e.Phone.FontBold()}))
+            << r.address;
+    }
+    EXPECT_EQ(vbWindowText, e.Address.ForeColor());
     p.MasterRec.IntLevel = "G";
     p.MasterRec.Decisions = "C-K------";
     p.MasterRec.BaptDate = "12:00AM";
     e.ShowRecord();
-    EXPECT_EQ(vbRed, e.Address.ForeColor());
-    EXPECT_TRUE(e.Address.FontBold());
-    EXPECT_EQ(vbRed, e.Phone.ForeColor());
     EXPECT_EQ((std::vector<int>{vbChecked, vbChecked, vbUnchecked, vbChecked}),
               (std::vector<int>{e.Baptized.Value(), e.Dec[0].Value(), e.Dec[1].Value(), e.Dec[2].Value()}));
     EXPECT_EQ("", e.BaptDate.Text());
     EXPECT_EQ(p.MasterRec, p.UndoRec);
-    p.MasterRec.Address = "Address Unknown";
-    p.MasterRec.Phone = "555-0100";
-    e.ShowRecord();
-    EXPECT_TRUE(e.Address.FontBold());
-    EXPECT_FALSE(e.Phone.FontBold());
-    p.MasterRec.Address = "1 Main St";
-    e.ShowRecord();
-    EXPECT_FALSE(e.Address.FontBold());
-    EXPECT_EQ(vbWindowText, e.Address.ForeColor());
 }
 
-TEST(EditScreen, InformationBoxAndTheEmptyListBox) {
-    EditFixture f;
-    Program& p = f.c.p;
-    EditForm& e = *f.e;
-    MasterRecord g = f.c.ReadRecord(2);
+TEST_F(EditScreen, InformationBoxAndTheEmptyListBox) {
+    MasterRecord g = c.ReadRecord(2);
     g.IntLevel = "G";
     p.MasterRec = g;
     PutRecord(p, 2);
-    f.c.host.ExpectBox("Fall\r\n" + p.DataFile + "\r\nMail List-------- 10\r\n\r\nInterest Level A: 0\r\n"
-                       "Interest Level B: 0\r\nInterest Level C: 0\r\nTotal Baptized--- 1",
-                       host::vbOK, "File Information");
+    c.host.ExpectBox("Fall\r\n" + p.DataFile + "\r\nMail List-------- 10\r\n\r\nInterest Level A: 0\r\n"
+                     "Interest Level B: 0\r\nInterest Level C: 0\r\nTotal Baptized--- 1",
+                     host::vbOK, "File Information");
     e.mnuInfo_Click();
-    f.c.host.Verify();
     p.IndexCount = 0;
-    f.c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
-                       "You must add one more names to this filter or file before using this feature.");
+    c.host.ExpectBox("There are insufficient records in this file or filter.\r\n"
+                     "You must add one more names to this filter or file before using this feature.");
     e.btnViewFile_Click();
     // An empty filter: the information box alone, no blank card.
     p.CurrentIndex = 0;
-    f.c.host.ExpectBox("Mail List-------- 10", host::vbOK, "File Information");
+    c.host.ExpectBox("Mail List-------- 10", host::vbOK, "File Information");
     e.mnuInfo_Click();
     EXPECT_FALSE(p.AddMode);
-    f.c.host.Verify();
 }
 
-TEST(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
-    EditFixture f;
-    f.e->ChgRec[0].SetVisible(false);
-    f.e->mnuEditMode_Click();
-    EXPECT_FALSE(f.e->ChgRec[0].Visible());
-    for (int i = 1; i <= 3; ++i) EXPECT_TRUE(f.e->ChgRec[i].Visible()) << i;
+TEST_F(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
+    e.ChgRec[0].SetVisible(false);
+    e.mnuEditMode_Click();
+    EXPECT_FALSE(e.ChgRec[0].Visible());
+    for (int i = 1; i <= 3; ++i) EXPECT_TRUE(e.ChgRec[i].Visible()) << i;
 }

@@ -9,83 +9,71 @@
 using namespace forms;
 using vb::RTrim;
 
-namespace {
-void Search(EditForm& e, const std::string& text) {
-    e.SearchBox.SetFocus();
-    e.TypeText(text);
-    e.PressKey(vbKeyReturn, 0, vbKeyReturn);
-}
-}  // namespace
+class Search : public CardCrusade {
+protected:
+    void Find(const std::string& text) {
+        e.SearchBox.SetFocus();
+        e.TypeText(text);
+        e.PressKey(vbKeyReturn, 0, vbKeyReturn);
+    }
+};
 
-TEST(Search, ByNumber) {
-    CardCrusade f;
-    EditForm& e = *f.e;
+TEST_F(Search, ByNumber) {
     struct Row { std::string typed, last; };
     for (const Row& r : std::vector<Row>{{"12", "Baker"}, {"0105", "Cruz"}, {"101", "Adams"}}) {
-        f.c.host.sounds.clear();
-        Search(e, r.typed);
+        c.host.sounds.clear();
+        Find(r.typed);
         EXPECT_EQ(r.last, e.LName.Text()) << r.typed;
-        EXPECT_TRUE(f.Played("laser")) << r.typed;
+        EXPECT_TRUE(Played("laser")) << r.typed;
         EXPECT_EQ("", e.SearchBox.Text());
     }
     // A number search works in a list that is not alphabetical.
-    f.c.p.SortName = "zip";
-    Search(e, "100");
+    c.p.SortName = "zip";
+    Find("100");
     EXPECT_EQ("Bell", e.LName.Text());
 }
 
-TEST(Search, ByNameAsksUntilYesOrCancel) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Search, ByNameAsksUntilYesOrCancel) {
     // The B group: Baker, Bell, Brown, Burke.
-    f.c.host.ExpectBox("0012   Ann Baker\r\n12 Oak St, Springfield\r\n\r\nIs this the Correct Name?", host::vbNo,
-                       "Searching for Last Name", host::vbYesNoCancel);
-    f.c.host.ExpectBox("0100   Bob Bell", host::vbYes);
-    Search(e, "b");
+    c.host.ExpectBox("0012   Ann Baker\r\n12 Oak St, Springfield\r\n\r\nIs this the Correct Name?", host::vbNo,
+                     "Searching for Last Name", host::vbYesNoCancel);
+    c.host.ExpectBox("0100   Bob Bell", host::vbYes);
+    Find("b");
     EXPECT_EQ("Bell", e.LName.Text());
     EXPECT_EQ(4, p.CurrentIndex);
-    f.c.host.ExpectBox("0012   Ann Baker", host::vbCancel);   // Cancel ends the walk at once
-    Search(e, "b");
-    EXPECT_EQ("Bell", e.LName.Text());
-    EXPECT_EQ("", e.EntInd.Text());
-    EXPECT_EQ(2, p.RecordPos);
-    EXPECT_EQ("Bell", RTrim(p.MasterRec.LName));   // the person in memory is the one on screen
+    c.host.ExpectBox("0012   Ann Baker", host::vbCancel);   // Cancel ends the walk at once
+    Find("b");
+    // The person in memory is the one on screen.
+    EXPECT_EQ((std::vector<std::string>{"Bell", "", "2", "Bell"}),
+              (std::vector<std::string>{e.LName.Text(), e.EntInd.Text(), std::to_string(p.RecordPos),
+                                        RTrim(p.MasterRec.LName)}));
     p.SortName = "zip";
-    f.c.host.ExpectBox("You have selected the zip Filter.\r\nYou cannot search by name using this Filter.");
-    Search(e, "cole");
+    c.host.ExpectBox("You have selected the zip Filter.\r\nYou cannot search by name using this Filter.");
+    Find("cole");
     EXPECT_EQ("Bell", e.LName.Text());
 }
 
-TEST(Search, FallsThroughToTheMembers) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Search, FallsThroughToTheMembers) {
     p.MemberList = {"", "0777Dunn           Rita           ", "0778Dunbar         Sam            "};
     p.MemberCount = 2;
-    f.c.host.ExpectBox("0777 Dunn, Rita   (SDA)\r\n\r\nIs this the Correct Name?", host::vbNo,
-                       "Searching SDA File for Last Name");
-    f.c.host.ExpectBox("0778 Dunbar, Sam   (SDA)", host::vbYes);
-    Search(e, "dun");
+    c.host.ExpectBox("0777 Dunn, Rita   (SDA)\r\n\r\nIs this the Correct Name?", host::vbNo,
+                     "Searching SDA File for Last Name");
+    c.host.ExpectBox("0778 Dunbar, Sam   (SDA)", host::vbYes);
+    Find("dun");
+    // A member is no record: the screen stays.
+    EXPECT_EQ("SDA|0778 S. Dunbar         |Adams", e.EntInd.Text() + "|" + e.SDAIdent.Text() + "|" + e.LName.Text());
+    EXPECT_TRUE(Played("chimes"));
+    Find("778");
     EXPECT_EQ("SDA", e.EntInd.Text());
-    EXPECT_EQ("0778 S. Dunbar         ", e.SDAIdent.Text());
-    EXPECT_TRUE(f.Played("chimes"));
-    EXPECT_EQ("Adams", e.LName.Text());   // a member is no record: the screen stays
-    Search(e, "778");
-    EXPECT_EQ("SDA", e.EntInd.Text());
-    f.c.host.sounds.clear();
-    Search(e, "4444");
-    EXPECT_EQ("?", e.EntInd.Text());
-    EXPECT_EQ("4444 Not in file", e.SDAIdent.Text());
-    EXPECT_TRUE(f.Played("clunk"));
+    c.host.sounds.clear();
+    Find("4444");
+    EXPECT_EQ("?|4444 Not in file", e.EntInd.Text() + "|" + e.SDAIdent.Text());
+    EXPECT_TRUE(Played("clunk"));
 }
 
-TEST(Search, GlobalSearchFindsTheDeletedAndRestoresThem) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Search, GlobalSearchFindsTheDeletedAndRestoresThem) {
     // Flo Burke (record 6) was deleted; she is not in the list.
-    MasterRecord gone = f.c.ReadRecord(6);
+    MasterRecord gone = c.ReadRecord(6);
     gone.WorkerCode = "##";
     gone.Phone = "555-9876";
     p.MasterRec = gone;
@@ -96,25 +84,24 @@ TEST(Search, GlobalSearchFindsTheDeletedAndRestoresThem) {
     e.ShowRecord();
     ASSERT_EQ(7, p.IndexCount);
 
-    f.c.host.ExpectInput("You can search for all or part of the First Name", "9876");
-    f.c.host.ExpectBox("0104   Flo Burke\r\n12 Oak St\r\n\r\nThis Record had been deleted", host::vbYes,
-                       "A Deleted Record Found");
-    f.c.host.ExpectBox("The Record for Flo Burke has been successfully restored to the INTEREST file.");
+    c.host.ExpectInput("You can search for all or part of the First Name", "9876");
+    c.host.ExpectBox("0104   Flo Burke\r\n12 Oak St\r\n\r\nThis Record had been deleted", host::vbYes,
+                     "A Deleted Record Found");
+    c.host.ExpectBox("The Record for Flo Burke has been successfully restored to the INTEREST file.");
     e.mnuGlobal_Click();
-    EXPECT_EQ("00", f.c.ReadRecord(6).WorkerCode.str());
-    EXPECT_EQ(8, p.IndexCount);
-    EXPECT_EQ("Burke", e.LName.Text());
-    EXPECT_EQ(6, p.RecordPos);
+    EXPECT_EQ((std::vector<std::string>{"00", "8", "Burke", "6"}),
+              (std::vector<std::string>{c.ReadRecord(6).WorkerCode.str(), std::to_string(p.IndexCount),
+                                        e.LName.Text(), std::to_string(p.RecordPos)}));
 
     // Live people in file order; No walks on, Yes shows.
-    f.c.host.ExpectInput("You can search for all or part of the First Name", "oak");
-    f.c.host.ExpectBox("0012   Ann Baker\r\n12 Oak St, Springfield, 555-0100\r\n\r\nIs this the correct name?",
-                       host::vbNo, "Global Search for: oak");
-    f.c.host.ExpectBox("0100   Bob Bell", host::vbYes);
+    c.host.ExpectInput("You can search for all or part of the First Name", "oak");
+    c.host.ExpectBox("0012   Ann Baker\r\n12 Oak St, Springfield, 555-0100\r\n\r\nIs this the correct name?",
+                     host::vbNo, "Global Search for: oak");
+    c.host.ExpectBox("0100   Bob Bell", host::vbYes);
     e.mnuGlobal_Click();
     EXPECT_EQ("Bell", e.LName.Text());
-    f.c.host.ExpectInput("You can search for all or part of the First Name", "Nowhere");
-    f.c.host.ExpectBox("Search item: Nowhere- not found");
+    c.host.ExpectInput("You can search for all or part of the First Name", "Nowhere");
+    c.host.ExpectBox("Search item: Nowhere- not found");
     e.mnuGlobal_Click();
     EXPECT_EQ("Bell", e.LName.Text());
     EXPECT_EQ("Bell", RTrim(p.MasterRec.LName));

@@ -40,10 +40,10 @@ TEST(Startup, FirstRunOrOldTempFilesBringTheDataFolderMessageAndNoFile) {
             s.btnExitVestrel_Click();
         });
         EXPECT_THROW(Main(p), host::EndProgram);
-        EXPECT_EQ(!r.dataThere, sampled);
-        EXPECT_FALSE(fs::exists(t / "Vestrel/temp"));
-        EXPECT_TRUE(vb::DirExists(t / "Vestrel/data"));
-        EXPECT_TRUE(p.ShowButtonLabels);
+        // {sample data made, temp/ left, data/ there, button labels}
+        EXPECT_EQ((std::vector<bool>{!r.dataThere, false, true, true}),
+                  (std::vector<bool>{sampled, fs::exists(t / "Vestrel/temp"), vb::DirExists(t / "Vestrel/data"),
+                                     p.ShowButtonLabels}));
     }
 }
 
@@ -54,8 +54,7 @@ TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
     c.p.MeetingNumber = 2;
     ASSERT_TRUE(SaveInfo(c.p));
     SaveSettings(c.p);
-    std::string ini = c.ReadFile(c.appPath + "/Vestrel.ini");
-    EXPECT_EQ(c.dataFile + "\r\nAvailable\r\n-1 \r\n 0 \r\n 0 \r\n", ini);
+    EXPECT_EQ(c.dataFile + "\r\nAvailable\r\n-1 \r\n 0 \r\n 0 \r\n", c.ReadFile(c.appPath + "/Vestrel.ini"));
 
     Program p(c.host, c.appPath);
     bool shown = false;
@@ -113,7 +112,6 @@ TEST(Startup, LeavingANewCrusadeWithoutAPersonDeletesItsFiles) {
                      "another new file next time you start Vestrel",
                      host::vbOK, "Exit Vestrel", host::vbCritical);
     EXPECT_THROW(CloseCrusade(c.p), host::EndProgram);
-    EXPECT_FALSE(vb::FileExists(c.dataFile));
-    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("inf")));
-    EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
+    for (const std::string& gone : {c.dataFile, c.p.CrusadeFile("inf"), c.appPath + "/Vestrel.ini"})
+        EXPECT_FALSE(vb::FileExists(gone)) << gone;
 }

@@ -43,16 +43,15 @@ TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
         OpenRecordFile(c.p);
         if (!row.refused) {
             FullLoadPass(c.p);
-            c.host.Verify();
             continue;
         }
         EXPECT_FALSE(FullLoad(c.p)) << row.what;
-        c.host.Verify();
         EXPECT_TRUE(bytes == c.ReadFile(c.dataFile)) << row.what;
-        EXPECT_EQ(0, c.p.IndexCount) << row.what;
-        EXPECT_EQ(1u, c.p.SortIndex.size()) << row.what;
-        EXPECT_FALSE(c.p.Loaded) << row.what;
-        EXPECT_FALSE(c.p.File1.IsOpen()) << row.what;
+        // No list, not loaded, the file let go.
+        EXPECT_EQ((std::vector<long>{0, 1, 0, 0}),
+                  (std::vector<long>{c.p.IndexCount, static_cast<long>(c.p.SortIndex.size()), c.p.Loaded,
+                                     c.p.File1.IsOpen()}))
+            << row.what;
     }
 }
 

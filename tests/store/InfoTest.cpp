@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <sstream>
+
 #include "platform/vb/Strings.h"
 #include "store/Info.h"
 #include "store/Records.h"
@@ -8,13 +11,8 @@
 namespace {
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> out;
-    std::size_t pos = 0;
-    while (pos < text.size()) {
-        std::size_t e = text.find("\r\n", pos);
-        if (e == std::string::npos) e = text.size();
-        out.push_back(text.substr(pos, e - pos));
-        pos = e + 2;
-    }
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) out.push_back(line.substr(0, line.size() - 1));   // less the CR
     return out;
 }
 
@@ -25,9 +23,13 @@ std::string Join(const std::vector<std::string>& lines) {
 }
 }  // namespace
 
-TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
+class InfoFile : public ::testing::Test {
+protected:
     TestCrusade c;
     Program& p = c.p;
+};
+
+TEST_F(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     p.CrusadeName = "Springfield 2026";
     p.CrusadeDate = "3/1/2026";
     p.MeetingNumber = 12;
@@ -68,9 +70,7 @@ TEST(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     EXPECT_EQ(first, c.ReadFile(p.CrusadeFile("inf")));
 }
 
-TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
-    TestCrusade c;
-    Program& p = c.p;
+TEST_F(InfoFile, OverwritesAndDefaultsThatComeBack) {
     p.DecisionCodes[1] = "Q";
     p.DecisionCodes[9] = "Z";
     p.DecisionNames[1] = "Something";
@@ -86,9 +86,7 @@ TEST(InfoFile, OverwritesAndDefaultsThatComeBack) {
                                         p.AgeGroups[0], p.AgeGroups[6]}));
 }
 
-TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
-    TestCrusade c;
-    Program& p = c.p;
+TEST_F(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     p.CrusadeName = "Smith, Jones";
     p.CrusadeDate = "3/1/2026";
     p.MeetingNumber = 4;
@@ -96,16 +94,13 @@ TEST(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     // The version line moves down one field too, so the file reads as an old one.
     c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete.");
     LoadInfo(p);
-    c.host.Verify();
     EXPECT_EQ((std::vector<std::string>{"Smith", "Jones", "9999 "}),
               (std::vector<std::string>{p.CrusadeName, p.CrusadeDate, p.NumberDirection}));
     EXPECT_EQ(3, p.MeetingNumber);   // the date line, by its numeric prefix
     EXPECT_EQ(4, p.LastRNum);
 }
 
-TEST(InfoFile, OlderLayoutsAndAFileCutShort) {
-    TestCrusade c;
-    Program& p = c.p;
+TEST_F(InfoFile, OlderLayoutsAndAFileCutShort) {
     c.WriteRecords({});
     // A 2.4 file: 20 team lines, decision codes one to a line.
     std::vector<std::string> lines = {"Old One", "1/1/1999", " 3", " 9000 ", "DOWN", "", " 1 ", " 0 ", "version 2.4.1"};
@@ -139,43 +134,47 @@ TEST(InfoFile, OlderLayoutsAndAFileCutShort) {
               (std::vector<std::string>{p.CrusadeName, p.TeamNames[1], p.TeamNames[2], p.DecisionNames[3]}));
 }
 
-TEST(InfoFile, NextNumberRewritesTheFileAtOnce) {
-    TestCrusade c;
-    c.p.LastRNum = 9999;
-    EXPECT_EQ("9998", NextRNum(c.p));
-    EXPECT_NE(std::string::npos, c.ReadFile(c.p.CrusadeFile("inf")).find("\r\n 9998 \r\n"));
-    c.p.NumberDirection = "UP";
-    c.p.LastRNum = 9999;
-    EXPECT_EQ("0000", NextRNum(c.p));   // the text keeps the last four characters
+TEST_F(InfoFile, NextNumberRewritesTheFileAtOnceOrHandsOutNone) {
+    p.LastRNum = 9999;
+    EXPECT_EQ("9998", NextRNum(p));
+    EXPECT_NE(std::string::npos, c.ReadFile(p.CrusadeFile("inf")).find("\r\n 9998 \r\n"));
+    p.NumberDirection = "UP";
+    p.LastRNum = 9999;
+    EXPECT_EQ("0000", NextRNum(p));   // the text keeps the last four characters
+
+    TestCrusade d;
+    d.p.LastRNum = 9990;
+    std::filesystem::create_directories(d.p.CrusadeFile("inf"));   // a folder in its place: no file can be written
+    d.host.ExpectBox("The crusade information could not be written to:\r\n" + d.p.CrusadeFile("inf"), host::vbOK,
+                     "File Error");
+    EXPECT_EQ("", NextRNum(d.p));
+    EXPECT_EQ(9990, d.p.LastRNum);
 }
 
-TEST(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
-    TestCrusade c;
-    struct Row { int line; std::string text; };
+TEST_F(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
     // Lines 3, 4, 7 and 8: MeetingNumber, LastRNum, FilterTotalAttend, PrintCutOff.
-    for (const Row& r : std::vector<Row>{{3, "1e300"}, {4, "-1e300"}, {4, "40000"}, {7, "1e18"}, {8, "-40000"},
-                                         {4, " 9876 "}}) {
+    struct Row { int line; std::string text; std::vector<long> read; };
+    const Row rows[] = {{3, "1e300", {1, 9876, 3, 2}},  {4, "-1e300", {5, 9999, 3, 2}}, {4, "40000", {5, 9999, 3, 2}},
+                        {7, "1e18", {5, 9876, 1, 2}},   {8, "-40000", {5, 9876, 3, 0}}, {4, " 9876 ", {5, 9876, 3, 2}}};
+    for (const Row& r : rows) {
         std::vector<std::string> lines = {"Name", "1/1/2026", " 5", " 9876 ", "DOWN", "", " 3 ", " 2 ", "version 2.5.0"};
         lines[r.line - 1] = r.text;
-        c.WriteFile(c.p.CrusadeFile("inf"), Join(lines));
-        LoadInfo(c.p);
-        EXPECT_EQ(r.line == 3 ? 1 : 5, c.p.MeetingNumber) << r.text;
-        EXPECT_EQ(r.line == 4 && r.text != " 9876 " ? 9999 : 9876, c.p.LastRNum) << r.text;
-        EXPECT_EQ(r.line == 7 ? 1 : 3, c.p.FilterTotalAttend) << r.text;
-        EXPECT_EQ(r.line == 8 ? 0 : 2, c.p.PrintCutOff) << r.text;
+        c.WriteFile(p.CrusadeFile("inf"), Join(lines));
+        LoadInfo(p);
+        EXPECT_EQ(r.read, (std::vector<long>{p.MeetingNumber, p.LastRNum, p.FilterTotalAttend, p.PrintCutOff}))
+            << r.text;
     }
 }
 
-TEST(InfoFile, TheCanadianMarkReadsBackAndDoesNotGrow) {
-    TestCrusade c;
-    c.p.CrusadeName = "Toronto";
-    c.p.CanadaSorter = true;
+TEST_F(InfoFile, TheCanadianMarkReadsBackAndDoesNotGrow) {
+    p.CrusadeName = "Toronto";
+    p.CanadaSorter = true;
     for (int round = 0; round < 2; ++round) {
-        ASSERT_TRUE(SaveInfo(c.p));
-        EXPECT_EQ(0u, c.ReadFile(c.p.CrusadeFile("inf")).find("Toronto*Canada\r\n"));
-        c.p.CanadaSorter = false;
-        LoadInfo(c.p);
-        EXPECT_EQ("Toronto", c.p.CrusadeName);
-        EXPECT_TRUE(c.p.CanadaSorter);
+        ASSERT_TRUE(SaveInfo(p));
+        EXPECT_EQ(0u, c.ReadFile(p.CrusadeFile("inf")).find("Toronto*Canada\r\n"));
+        p.CanadaSorter = false;
+        LoadInfo(p);
+        EXPECT_EQ("Toronto", p.CrusadeName);
+        EXPECT_TRUE(p.CanadaSorter);
     }
 }
