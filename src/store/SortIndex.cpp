@@ -1,7 +1,5 @@
 #include "store/SortIndex.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -225,33 +223,6 @@ void DuplicateCheck(ProgramState& p) {
         }
     }
 }
-
-// The whole record file in memory. Its pages are mapped in one call: touched
-// one by one, a fresh page costs a fault each, and on a virtual machine the
-// faults of a 5 MB file cost more than reading it.
-class FileBuffer {
-public:
-    explicit FileBuffer(std::size_t size) : size_(size) {
-        if (size_ == 0) return;
-        void* m = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
-        if (m != MAP_FAILED) {
-            data_ = static_cast<char*>(m);
-        } else {
-            owned_ = std::make_unique<char[]>(size_);
-            data_ = owned_.get();
-        }
-    }
-    ~FileBuffer() {
-        if (data_ && !owned_) munmap(data_, size_);
-    }
-    FileBuffer(const FileBuffer&) = delete;
-    FileBuffer& operator=(const FileBuffer&) = delete;
-    char* data() { return data_; }
-private:
-    std::size_t size_;
-    char* data_ = nullptr;
-    std::unique_ptr<char[]> owned_;
-};
 
 class BusyPointer {
 public:
@@ -511,46 +482,24 @@ bool FullLoadPass(ProgramState& p) {
     }
     const long count = p.RecordCount;
     constexpr std::size_t len = MasterRecord::Length;
-    FileBuffer bytes(static_cast<std::size_t>(count) * len);
-
-    std::vector<std::string> list;
-    list.reserve(static_cast<std::size_t>(count) + 1);
-    list.emplace_back("alpha");
-    ZipCounter zips(p);
-    int meeting = 1;
-    int counter = 0;
-    bool master = p.CrusadeName == "Master";
-    // Whether the file is a record file is told in the same walk over the
-    // buffer, from each record as it was read; nothing is written before.
-    long good = 0;
-    // Read a block, then work on it while it is still in the processor's cache.
+    // The file is walked a block at a time through one small buffer that stays
+    // in the processor's cache: a buffer of the whole file costs more to map
+    // in than the file costs to read.
     constexpr long kBlock = 256;
-    for (long i = 1; i <= count; ++i) {
-        char* rec = bytes.data() + (i - 1) * len;
-        if ((i - 1) % kBlock == 0) p.File1.GetRange(i, std::min(kBlock, count - i + 1), rec);
-        good += LooksLikeRecord(rec);
-        if (clearFlag) PutInt16(rec + RecordAt::IntFlag, 0);
-        bool deleted = std::memcmp(rec + RecordAt::WorkerCode, "##", 2) == 0;
-        if (!deleted) {
-            At(rec, RecordAt::FName, 20).Trim();
-            At(rec, RecordAt::LName, 20).Trim();
-            At(rec, RecordAt::Address, 30).Trim();
-            if (IsPlaceholder(rec)) {
-                long num = static_cast<long>(Val(std::string(rec + RecordAt::RNum, 4)));
-                bool past = p.NumberDirection == "DOWN" ? num >= p.LastRNum
-                          : p.NumberDirection == "UP"   ? num <= p.LastRNum
-                                                        : false;
-                if (past) std::memcpy(rec + RecordAt::WorkerCode, "##", 2);
-            }
-            if (master) std::memcpy(rec + RecordAt::RNum, Right("000" + CStr(++counter), 4).data(), 4);
-            PutAlphaEntry(list, rec, i);
-            NormaliseAttendance(rec, meeting);
+    std::vector<char> block(static_cast<std::size_t>(std::clamp(count, 1L, kBlock)) * len);
+    auto blocks = [&](auto work) {
+        for (long first = 1; first <= count; first += kBlock) {
+            long k = std::min(kBlock, count - first + 1);
+            p.File1.GetRange(first, k, block.data());
+            work(first, k);
         }
-        NormaliseWorkerCode(rec);
-        NormaliseAge(rec, p);
-        NormaliseDecisions(rec, p);
-        if (!zips.Empty() && std::memcmp(rec + RecordAt::WorkerCode, "##", 2) != 0) zips.Count(rec + RecordAt::Zip);
-    }
+    };
+    // Whether the file is a record file is told from its records as they are
+    // on disk, before anything is written.
+    long good = 0;
+    blocks([&](long, long k) {
+        for (long j = 0; j < k; ++j) good += LooksLikeRecord(block.data() + j * len);
+    });
     if (!LooksLikeRecordFile(good, count)) {
         p.host.MsgBox("The file " + p.DataFile + " is not a crusade's record file: its records hold no registration "
                           "numbers and names." + p.CrLf + p.CrLf +
@@ -558,13 +507,48 @@ bool FullLoadPass(ProgramState& p) {
                       host::vbExclamation);
         return false;
     }
+
+    std::vector<std::string> list;
+    list.reserve(static_cast<std::size_t>(count) + 1);
+    list.emplace_back("alpha");
+    ZipCounter zips(p);
     zips.Zero();
-    if (count > 0) p.File1.PutRange(1, count, bytes.data());
+    int meeting = 1;
+    int counter = 0;
+    bool master = p.CrusadeName == "Master";
+    blocks([&](long first, long k) {
+        for (long j = 0; j < k; ++j) {
+            char* rec = block.data() + j * len;
+            const long i = first + j;
+            if (clearFlag) PutInt16(rec + RecordAt::IntFlag, 0);
+            bool deleted = std::memcmp(rec + RecordAt::WorkerCode, "##", 2) == 0;
+            if (!deleted) {
+                At(rec, RecordAt::FName, 20).Trim();
+                At(rec, RecordAt::LName, 20).Trim();
+                At(rec, RecordAt::Address, 30).Trim();
+                if (IsPlaceholder(rec)) {
+                    long num = static_cast<long>(Val(std::string(rec + RecordAt::RNum, 4)));
+                    bool past = p.NumberDirection == "DOWN" ? num >= p.LastRNum
+                              : p.NumberDirection == "UP"   ? num <= p.LastRNum
+                                                            : false;
+                    if (past) std::memcpy(rec + RecordAt::WorkerCode, "##", 2);
+                }
+                if (master) std::memcpy(rec + RecordAt::RNum, Right("000" + CStr(++counter), 4).data(), 4);
+                PutAlphaEntry(list, rec, i);
+                NormaliseAttendance(rec, meeting);
+            }
+            NormaliseWorkerCode(rec);
+            NormaliseAge(rec, p);
+            NormaliseDecisions(rec, p);
+            if (!zips.Empty() && std::memcmp(rec + RecordAt::WorkerCode, "##", 2) != 0) zips.Count(rec + RecordAt::Zip);
+        }
+        p.File1.PutRange(first, k, block.data());
+        if (first + k > count) p.MasterRec = DecodeRecord(block.data() + (k - 1) * len);
+    });
     p.File1.Sync();
     lock.reset();
 
     p.MeetingNumber = meeting;
-    if (count > 0) p.MasterRec = DecodeRecord(bytes.data() + (count - 1) * len);
     p.SortIndex.swap(list);
     p.IndexCount = static_cast<int>(p.SortIndex.size()) - 1;
     DuplicateCheck(p);
