@@ -25,15 +25,19 @@ struct TestForm : Form {
     void Form_Activate() override { log.push_back("Activate"); }
     void Form_Deactivate() override { log.push_back("Deactivate"); }
 };
+
+class FormModel : public ::testing::Test {
+protected:
+    ScriptedHost host;
+    TestForm f{host};
+};
 }  // namespace
 
-TEST(FormModel, FocusMovesFireLostThenGotAndALostFocusRedirectWins) {
-    ScriptedHost host;
-    TestForm f(host);
+TEST_F(FormModel, FocusMovesFireLostThenGotAndALostFocusRedirectWins) {
     for (Control* c : {static_cast<Control*>(&f.A), static_cast<Control*>(&f.B), static_cast<Control*>(&f.Go)}) {
         std::string n = c->Name();
-        c->GotFocus = [&f, n] { f.log.push_back("Got " + n); };
-        c->LostFocus = [&f, n] { f.log.push_back("Lost " + n); };
+        c->GotFocus = [this, n] { f.log.push_back("Got " + n); };
+        c->LostFocus = [this, n] { f.log.push_back("Lost " + n); };
     }
     f.A.SetFocus();
     f.B.SetFocus();
@@ -42,7 +46,7 @@ TEST(FormModel, FocusMovesFireLostThenGotAndALostFocusRedirectWins) {
 
     // A rule in LostFocus that sends the focus elsewhere: that move wins.
     f.log.clear();
-    f.B.LostFocus = [&f] { f.log.push_back("Lost B"); f.A.SetFocus(); };
+    f.B.LostFocus = [this] { f.log.push_back("Lost B"); f.A.SetFocus(); };
     f.Go.SetFocus();
     EXPECT_EQ((std::vector<std::string>{"Lost B", "Got A"}), f.log);
     EXPECT_EQ(&f.A, f.ActiveControl());
@@ -57,9 +61,7 @@ TEST(FormModel, FocusMovesFireLostThenGotAndALostFocusRedirectWins) {
     EXPECT_EQ(&f.Go, f.ActiveControl());
 }
 
-TEST(FormModel, KeysReachPreviewThenControlAndAZeroSwallowsThem) {
-    ScriptedHost host;
-    TestForm f(host);
+TEST_F(FormModel, KeysReachPreviewThenControlAndAZeroSwallowsThem) {
     f.KeyPreview = true;
     int changes = 0;
     f.A.Change = [&] { ++changes; };
@@ -83,9 +85,7 @@ TEST(FormModel, KeysReachPreviewThenControlAndAZeroSwallowsThem) {
     EXPECT_TRUE(controlSaw);
 }
 
-TEST(FormModel, TypingKeepsToTheBoxsSettingsAndTabWalksBothWays) {
-    ScriptedHost host;
-    TestForm f(host);
+TEST_F(FormModel, TypingKeepsToTheBoxsSettingsAndTabWalksBothWays) {
     struct Case {
         int maxLength;
         bool locked;
@@ -117,9 +117,7 @@ TEST(FormModel, TypingKeepsToTheBoxsSettingsAndTabWalksBothWays) {
     EXPECT_EQ((std::vector<std::string>{"B", "A", "Dec", "Two"}), walked);
 }
 
-TEST(FormModel, PropertiesFireTheirEventsAsTheRuntimeDoes) {
-    ScriptedHost host;
-    TestForm f(host);
+TEST_F(FormModel, PropertiesFireTheirEventsAsTheRuntimeDoes) {
     int changes = 0, clicks = 0, twoClicks = 0;
     f.A.Change = [&] { ++changes; };
     f.A.SetText("same");
@@ -133,10 +131,8 @@ TEST(FormModel, PropertiesFireTheirEventsAsTheRuntimeDoes) {
     f.Two.Click = [&] { ++twoClicks; };
     f.One.UserClick();
     f.Two.UserClick();
-    EXPECT_EQ(0, f.One.Value());
-    EXPECT_EQ(-1, f.Two.Value());
-    EXPECT_EQ(1, clicks);
-    EXPECT_EQ(1, twoClicks);
+    // Values, then the Click count of each.
+    EXPECT_EQ((std::vector<int>{0, -1, 1, 1}), (std::vector<int>{f.One.Value(), f.Two.Value(), clicks, twoClicks}));
 
     // Control arrays grow at run time, hidden, in the place of element 0, and pass their Index.
     std::vector<int> clicked;
@@ -152,16 +148,15 @@ TEST(FormModel, PropertiesFireTheirEventsAsTheRuntimeDoes) {
     EXPECT_THROW(f.Dec[5], std::out_of_range);
 }
 
-TEST(FormModel, ActivateFiresOnlyBetweenTheProgramsOwnForms) {
-    ScriptedHost host;
-    TestForm main(host), other(host);
-    main.Show();
+TEST_F(FormModel, ActivateFiresOnlyBetweenTheProgramsOwnForms) {
+    TestForm other(host);
+    f.Show();
     other.Show();
     host.ExpectBox("hello");
     host.MsgBox("hello", 0, "");
-    main.log.clear();
-    host.ActivateForm(&main);
-    host.ActivateForm(&main);
-    EXPECT_EQ((std::vector<std::string>{"Activate"}), main.log);
+    f.log.clear();
+    host.ActivateForm(&f);
+    host.ActivateForm(&f);
+    EXPECT_EQ((std::vector<std::string>{"Activate"}), f.log);
     EXPECT_EQ((std::vector<std::string>{"Activate", "Deactivate"}), other.log);
 }

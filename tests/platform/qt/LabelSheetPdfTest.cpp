@@ -4,14 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
-#include <map>
-#include <memory>
 #include <regex>
 
 #include <QTemporaryDir>
 
+#include "PdfTools.h"
 #include "QtTestApp.h"
 #include "platform/qt/QtPrintSurface.h"
 #include "program/Program.h"
@@ -40,12 +38,7 @@ struct Word {
 };
 
 std::vector<Word> Words(const std::string& pdf) {
-    std::string out;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(("pdftotext -bbox '" + pdf + "' - 2>/dev/null").c_str(), "r"),
-                                               pclose);
-    char buf[4096];
-    std::size_t n;
-    while (pipe && (n = fread(buf, 1, sizeof buf, pipe.get())) > 0) out.append(buf, n);
+    const std::string out = Shell("pdftotext -bbox '" + pdf + "' -");
     std::vector<Word> words;
     int page = 0;
     std::regex item(R"re(<page |<word xMin="([0-9.]+)" yMin="([0-9.]+)"[^>]*>([^<]*)</word>)re");

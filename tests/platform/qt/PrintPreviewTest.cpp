@@ -1,37 +1,23 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <string>
+#include <vector>
 
 #include <QApplication>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include "PdfTools.h"
 #include "QtTestApp.h"
+#include "WhenModal.h"
 #include "platform/qt/QtHost.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrintSurface.h"
 
 namespace {
-
-// Works a modal window of type W once it is up.
-template <class W>
-void WhenShown(std::function<void(W&)> work) {
-    auto* poll = new QTimer;
-    QObject::connect(poll, &QTimer::timeout, poll, [poll, work] {
-        if (auto* w = qobject_cast<W*>(QApplication::activeModalWidget())) {
-            poll->stop();
-            poll->deleteLater();
-            work(*w);
-        }
-    });
-    poll->start(10);
-}
 
 TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
     EnsureQtApplication();
@@ -49,11 +35,11 @@ TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
         out.PreviewNextDocument(true);
         int pages = 0;
         QString label;
-        WhenShown<QtPrintPreview>([&](QtPrintPreview& w) {
-            pages = w.PageCount();
-            w.ShowPage(2);
-            label = w.findChildren<QLabel*>().value(0)->text();
-            (k.press == Print ? w.PrintButton() : k.press == Save ? w.SaveButton() : w.CloseButton())->click();
+        WhenModal<QtPrintPreview>([&](QtPrintPreview* w) {
+            pages = w->PageCount();
+            w->ShowPage(2);
+            label = w->findChildren<QLabel*>().value(0)->text();
+            (k.press == Print ? w->PrintButton() : k.press == Save ? w->SaveButton() : w->CloseButton())->click();
         });
         out.Print("The first page");
         out.NewPage();
@@ -78,28 +64,37 @@ TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
     }
 }
 
-// The printer dialog's Preview button: the report runs once, and its pages
-// wait for the preview instead of going to the printer.
-TEST(PrintPreview, ThePrinterDialogOffersItBesidePrint) {
+// The printer dialog reports the copies and the range chosen. Its Preview
+// button: the report runs once, and its pages wait for the preview instead of
+// going to the printer.
+TEST(PrintPreview, ThePrinterDialogReportsCopiesAndRangeAndOffersAPreview) {
     EnsureQtApplication();
     QTemporaryDir dir;
     QtHost host{dir.filePath("settings.ini").toStdString(), ""};
-    for (bool preview : {true, false}) {
-        SCOPED_TRACE(preview);
-        WhenShown<QPrintDialog>([preview](QPrintDialog& d) {
-            auto* b = d.findChild<QPushButton*>("PreviewButton");
-            if (b && preview)
+    auto& surface = dynamic_cast<QtPrintSurface&>(host.Printer());
+    host::PrinterDialog d;
+    d.Flags = 4;
+    // A range sets its bit; no range: the bit goes.
+    struct Case { bool preview; int from, to, flags, copies; } cases[] = {{true, 3, 5, 4 | 2, 1}, {false, 0, 0, 4, 3}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.preview);
+        WhenModal<QPrintDialog>([&c](QPrintDialog* dlg) {
+            auto* b = dlg->findChild<QPushButton*>("PreviewButton");
+            if (b && c.preview)
                 b->click();
             else
-                d.accept();
+                dlg->accept();
         });
-        host::PrinterDialog d;
         d.Copies = 3;
+        d.FromPage = c.from;
+        d.ToPage = c.to;
         ASSERT_TRUE(host.ShowPrinter(d));
-        auto& surface = dynamic_cast<QtPrintSurface&>(host.Printer());
-        EXPECT_EQ(surface.PreviewPending(), preview);
-        EXPECT_EQ(d.Copies, preview ? 1 : 3);
+        EXPECT_EQ(surface.PreviewPending(), c.preview);
+        EXPECT_EQ((std::vector<int>{c.copies, c.flags, c.from, c.to}),
+                  (std::vector<int>{d.Copies, d.Flags, d.FromPage, d.ToPage}));
     }
+    WhenModal<QPrintDialog>([](QPrintDialog* dlg) { dlg->reject(); });
+    EXPECT_FALSE(host.ShowPrinter(d));
 }
 
 }  // namespace
