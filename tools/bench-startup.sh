@@ -3,7 +3,8 @@
 # each size under a virtual X display, presses a key on the splash as the
 # operator would, and reads the first-paint stamps the program prints when
 # VESTREL_PAINT_STAMPS is set. Prints the median of several runs and the peak
-# resident memory.
+# resident memory. First the floor: an empty Qt window (bench/BareWindow) from
+# start to its first paint, which no window of the program can beat.
 #   tools/bench-startup.sh [build folder] [runs]    (a Release build is meant)
 set -euo pipefail
 
@@ -11,8 +12,9 @@ build=${1:-build-rel}
 runs=${2:-7}
 app=$build/vestrel
 make=$build/MakeStartupCrusade
-for f in "$app" "$make"; do
-  [ -x "$f" ] || { echo "missing $f: build it first (cmake --build $build --target vestrel MakeStartupCrusade)" >&2; exit 1; }
+bare=$build/BareWindow
+for f in "$app" "$make" "$bare"; do
+  [ -x "$f" ] || { echo "missing $f: build it first (cmake --build $build --target vestrel MakeStartupCrusade BareWindow)" >&2; exit 1; }
 done
 
 work=$(mktemp -d)
@@ -31,6 +33,17 @@ wait_for() {
   return 1
 }
 
+: > "$work/bare"
+for _ in $(seq "$runs"); do
+  : > "$work/log"
+  start=$(date +%s%3N)
+  HOME=$work "$bare" 2> "$work/log" &
+  pid=$!
+  wait_for "$work/log" "^stamp paint" || { echo "the bare window never painted" >&2; kill $pid; exit 1; }
+  kill $pid; wait $pid 2>/dev/null || true
+  echo $(( $(awk '/^stamp paint/ {print $3; exit}' "$work/log") - start )) >> "$work/bare"
+done
+echo "bare Qt window painted: $(median < "$work/bare") ms (the floor of splash_ms)"
 printf "%-8s %12s %12s %14s %10s\n" people splash_ms load_ms first_person_ms peak_MB
 for people in 1000 3000 9999; do
   home=$work/home$people
