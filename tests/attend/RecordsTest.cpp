@@ -12,36 +12,36 @@ using vb::RTrim;
 
 namespace {
 // On the edit screen: Adams, Avery, Baker, Bell, Brown, Burke, Cole, Cruz.
-void ShowAt(CardCrusade& f, int index) {
-    f.c.p.CurrentIndex = index;
-    ASSERT_TRUE(FetchCurrentRecord(f.c.p));
-    f.e->ShowRecord();
+void ShowAt(Program& p, EditForm& e, int index) {
+    p.CurrentIndex = index;
+    ASSERT_TRUE(FetchCurrentRecord(p));
+    e.ShowRecord();
 }
 // The person shown and the buttons and menu the deleted view changes.
 std::string View(EditForm& e) {
     return e.LName.Text() + (e.btnUndelete.Visible() ? " undelete" : "") + (e.btnDelete.Visible() ? " delete" : "") +
            (e.mnuFile.Enabled() ? " file" : "");
 }
+class DeleteAndRestore : public CardCrusade {};
+class Prayer : public CardCrusade {};
+class Appointment : public CardCrusade {};
 const char* const MoveTitle = "                     Remove SDA Names";
 }  // namespace
 
-TEST(DeleteAndRestore, TwoQuestionsThenTheDeletedViewBringsThePersonBack) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
-    ShowAt(f, 3);   // Ann Baker, record 1
+TEST_F(DeleteAndRestore, TwoQuestionsThenTheDeletedViewBringsThePersonBack) {
+    ShowAt(p, e, 3);   // Ann Baker, record 1
     struct Try { std::vector<int> answers; std::string after; };
     for (const Try& t : std::vector<Try>{{{host::vbNo}, "00 8 Baker"}, {{host::vbYes, host::vbNo}, "00 8 Baker"},
                                          {{host::vbYes, host::vbYes}, "## 7 Bell"}}) {
-        f.c.host.ExpectBox("Are you sure you want to remove this record from the INTEREST file?", t.answers[0],
+        c.host.ExpectBox("Are you sure you want to remove this record from the INTEREST file?", t.answers[0],
                            "Delete Record", host::vbYesNo | host::vbCritical);
         if (t.answers.size() > 1)
-            f.c.host.ExpectBox("This is your last chance to back out.", t.answers[1], "Delete Record");
+            c.host.ExpectBox("This is your last chance to back out.", t.answers[1], "Delete Record");
         e.btnDelete.UserClick();
-        EXPECT_EQ(t.after, f.c.ReadRecord(1).WorkerCode.str() + " " + std::to_string(p.IndexCount) + " " +
+        EXPECT_EQ(t.after, c.ReadRecord(1).WorkerCode.str() + " " + std::to_string(p.IndexCount) + " " +
                                e.LName.Text());
     }
-    EXPECT_TRUE(f.Played("carbrake"));
+    EXPECT_TRUE(Played("carbrake"));
 
     // The deleted view, as the list of deleted people leaves it.
     p.SortName = "undelete";
@@ -49,75 +49,67 @@ TEST(DeleteAndRestore, TwoQuestionsThenTheDeletedViewBringsThePersonBack) {
     p.IndexCount = 1;
     e.ShowDeletedView();
     EXPECT_EQ("Baker undelete", View(e));
-    f.c.host.ExpectBox("Are you sure you want to restore this record to the file?", host::vbYes, "Delete Record ");
-    f.c.host.ExpectBox("The Record for Ann Baker has been successfully restored to the INTEREST file.");
+    c.host.ExpectBox("Are you sure you want to restore this record to the file?", host::vbYes, "Delete Record ");
+    c.host.ExpectBox("The Record for Ann Baker has been successfully restored to the INTEREST file.");
     e.btnUndelete.UserClick();
-    EXPECT_EQ("00", f.c.ReadRecord(1).WorkerCode.str());
+    EXPECT_EQ("00", c.ReadRecord(1).WorkerCode.str());
     EXPECT_EQ(8, p.IndexCount);
     EXPECT_EQ("Baker undelete delete file", View(e));
 }
 
-TEST(DeleteAndRestore, AMoveLeavesADeletedRecordAndAMemberLine) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
-    ShowAt(f, 4);   // Bob Bell, record 2
-    f.c.host.ExpectBox("         0100  Bob Bell\r\nand add the name and number to the SDA members File.", host::vbYes,
+TEST_F(DeleteAndRestore, AMoveLeavesADeletedRecordAndAMemberLine) {
+    ShowAt(p, e, 4);   // Bob Bell, record 2
+    c.host.ExpectBox("         0100  Bob Bell\r\nand add the name and number to the SDA members File.", host::vbYes,
                        MoveTitle, host::vbYesNo);
-    f.c.host.ExpectBox("INTEREST file?\r\nand add it to the SDA MEMBER File?", host::vbYes, MoveTitle);
+    c.host.ExpectBox("INTEREST file?\r\nand add it to the SDA MEMBER File?", host::vbYes, MoveTitle);
     e.btnSDA.UserClick();
-    EXPECT_EQ("##", f.c.ReadRecord(2).WorkerCode.str());
-    EXPECT_EQ("0100Bell           Bob            \r\n", f.c.ReadFile(p.CrusadeFile("mem")));
+    EXPECT_EQ("##", c.ReadRecord(2).WorkerCode.str());
+    EXPECT_EQ("0100Bell           Bob            \r\n", c.ReadFile(p.CrusadeFile("mem")));
     EXPECT_EQ(7, p.IndexCount);
     EXPECT_EQ("", e.DeleteTitle);
 
     // Refused: the door screen open, and the last entry of a list.
     p.ScratchValue = "3";
     p.Attend();
-    f.c.host.ExpectBox("You cannot delete a record while the Attendance form is open.");
+    c.host.ExpectBox("You cannot delete a record while the Attendance form is open.");
     e.mnuDeleteRecord.UserClick();
     p.Attend().Unload();
     p.IndexCount = 1;
-    f.c.host.ExpectBox("You Cannot Delete the Last Record from the File.");
+    c.host.ExpectBox("You Cannot Delete the Last Record from the File.");
     e.mnuDeleteRecord.UserClick();
     EXPECT_EQ(1, p.IndexCount);
-    EXPECT_EQ("00", f.c.ReadRecord(4).WorkerCode.str());
+    EXPECT_EQ("00", c.ReadRecord(4).WorkerCode.str());
 }
 
-TEST(Prayer, TwoMeetingsGetTheirHeadingsAndOnlyTheFirstCommaGoes) {
-    CardCrusade f;
-    EditForm& e = *f.e;
-    Program& p = f.c.p;
+TEST_F(Prayer, TwoMeetingsGetTheirHeadingsAndOnlyTheFirstCommaGoes) {
     p.MeetingNumber = 2;
     const std::string ask = "Type in the Request below.";
-    f.c.host.ExpectInput(ask, "Pray for her mother, sister, and job");
+    c.host.ExpectInput(ask, "Pray for her mother, sister, and job");
     e.btnPrayer.UserClick();
-    f.c.host.ExpectInput(ask, "");   // nothing written
+    c.host.ExpectInput(ask, "");   // nothing written
     e.btnPrayer.UserClick();
-    f.c.host.ExpectInput(ask, "Second one");
+    c.host.ExpectInput(ask, "Second one");
     e.mnuEnterPrayerRequest.UserClick();
     p.MeetingNumber = 3;
-    ShowAt(f, 2);
-    f.c.host.ExpectInput(ask, "New job");
+    ShowAt(p, e, 2);
+    c.host.ExpectInput(ask, "New job");
     e.btnPrayer.UserClick();
-    const std::string path = f.c.appPath + "/data/Spring_prayer.txt";
+    const std::string path = c.appPath + "/data/Spring_prayer.txt";
     EXPECT_EQ("PRAYER REQUESTS AND COMMENTS FOR: Fall Meeting\r\n\r\n"
               "\r\nPRAYER REQUESTS AND COMMENTS FOR MEETING: 2\r\n"
               "    0101  Cy Adams- Pray for her mother- sister, and job\r\n"
               "    0101  Cy Adams- Second one\r\n"
               "\r\nPRAYER REQUESTS AND COMMENTS FOR MEETING: 3\r\n"
               "    0106  Hal Avery- New job\r\n",
-              f.c.ReadFile(path));
+              c.ReadFile(path));
     e.mnuViewPrayerList.UserClick();
-    EXPECT_EQ(path, f.c.host.opened.back());
-    f.c.host.openResult = 2;
-    f.c.host.ExpectBox("There are no Prayer Requests to view.");
+    EXPECT_EQ(path, c.host.opened.back());
+    c.host.openResult = 2;
+    c.host.ExpectBox("There are no Prayer Requests to view.");
     e.mnuViewPrayerList.UserClick();
 }
 
-TEST(Appointment, ClicksMakeTheCodeInVisits) {
-    CardCrusade f;
-    EditForm& e = *f.e;
+TEST_F(Appointment, ClicksMakeTheCodeInVisits) {
     struct Row {
         std::string before;
         int day, hour;       // -1: not chosen
@@ -137,7 +129,7 @@ TEST(Appointment, ClicksMakeTheCodeInVisits) {
     for (const Row& r : rows) {
         e.Visits.SetText(r.before);
         e.Class.SetValue(vbChecked);
-        f.c.host.OnModal("AppointmentFm", [&](Form& form) {
+        c.host.OnModal("AppointmentFm", [&](Form& form) {
             auto& a = static_cast<AppointmentFm&>(form);
             if (r.before.find("A24") != std::string::npos) {
                 EXPECT_TRUE(a.optAptDay[1].Value() && a.optAptTime[8].Value()) << r.before;
@@ -146,7 +138,7 @@ TEST(Appointment, ClicksMakeTheCodeInVisits) {
             for (int i = 0; i < 7; ++i) a.optAptDay[i].SetValue(i == r.day);
             for (int i = 0; i < 14; ++i) a.optAptTime[i].SetValue(i == r.hour);
             a.btnUnspecified.SetValue(r.unspecified ? vbChecked : vbUnchecked);
-            if (!r.box.empty()) f.c.host.ExpectBox(r.box);
+            if (!r.box.empty()) c.host.ExpectBox(r.box);
             a.btnSave.UserClick();
             if (!r.box.empty()) a.btnCancelApt.UserClick();
         });
@@ -155,6 +147,6 @@ TEST(Appointment, ClicksMakeTheCodeInVisits) {
         e.Class.UserClick();   // the desktop's click after the release
         EXPECT_EQ(r.after, e.Visits.Text()) << r.before;
         EXPECT_EQ(r.classAfter, e.Class.Value()) << r.before;
-        EXPECT_EQ("Appointment", f.c.p.CallerForm);
+        EXPECT_EQ("Appointment", c.p.CallerForm);
     }
 }
