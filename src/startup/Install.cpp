@@ -31,5 +31,6 @@ bool InstallProgramFolder(const std::string& appPath, const std::string& resourc
     fs::path res(resources);
     copyFiles(res / "sounds", appPath, ".wav", false);
     copyFiles(res / "help", fs::path(appPath) / "help", ".html", true);
+    copyFiles(res / "help", fs::path(appPath) / "help", ".css", true);
     return true;
 }
