@@ -1,7 +1,5 @@
 #include "support/RecordingSurface.h"
 
-#include <algorithm>
-
 RecordingSurface::Op RecordingSurface::Make(OpKind kind) const {
     Op op;
     op.kind = kind;
@@ -28,19 +26,21 @@ void RecordingSurface::Close() {
     docStart_ = ops.size();
 }
 
-void RecordingSurface::SetCurrentX(float x) {
+void RecordingSurface::MoveTo(float x, float y) {
     x_ = x;
+    y_ = y;
     Op op = Make(OpKind::Move);
     op.x = x_;
     op.y = y_;
     ops.push_back(op);
 }
 
-void RecordingSurface::SetCurrentY(float y) {
-    y_ = y;
-    Op op = Make(OpKind::Move);
-    op.x = x_;
-    op.y = y_;
+void RecordingSurface::SetCurrentX(float x) { MoveTo(x, y_); }
+void RecordingSurface::SetCurrentY(float y) { MoveTo(x_, y); }
+
+void RecordingSurface::Record(OpKind kind, int value) {
+    Op op = Make(kind);
+    op.value = value;
     ops.push_back(op);
 }
 
@@ -49,18 +49,11 @@ void RecordingSurface::SetFont(const host::PrintFont& f) {
     ops.push_back(Make(OpKind::Font));
 }
 
-void RecordingSurface::SetScaleMode(int mode) {
-    scaleMode_ = mode;
-    Op op = Make(OpKind::ScaleMode);
-    op.value = mode;
-    ops.push_back(op);
-}
+void RecordingSurface::SetScaleMode(int mode) { Record(OpKind::ScaleMode, mode); }
 
 void RecordingSurface::SetDrawWidth(int w) {
     drawWidth_ = w;
-    Op op = Make(OpKind::DrawWidth);
-    op.value = w;
-    ops.push_back(op);
+    Record(OpKind::DrawWidth, w);
 }
 
 void RecordingSurface::Line(float x1, float y1, float x2, float y2) {
@@ -117,13 +110,8 @@ void RecordingSurface::KillDoc() {
     if (open_) docPages_.pop_back();
     open_ = false;
     ops.erase(ops.begin() + static_cast<std::ptrdiff_t>(docStart_), ops.end());
-    taken_ = std::min(taken_, ops.size());
     ops.push_back(Make(OpKind::KillDoc));
     Close();
-}
-
-int RecordingSurface::PagesOf(int doc) const {
-    return doc >= 0 && doc < Documents() ? docPages_[static_cast<std::size_t>(doc)] : 0;
 }
 
 int RecordingSurface::PagesPrinted() const {
@@ -165,12 +153,6 @@ std::vector<const RecordingSurface::Op*> RecordingSurface::Lines() const {
     std::vector<const Op*> out;
     for (const Op& op : ops)
         if (op.kind == OpKind::Line) out.push_back(&op);
-    return out;
-}
-
-std::vector<RecordingSurface::Op> RecordingSurface::TakeOps() {
-    std::vector<Op> out(ops.begin() + static_cast<std::ptrdiff_t>(taken_), ops.end());
-    taken_ = ops.size();
     return out;
 }
 

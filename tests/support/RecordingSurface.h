@@ -42,7 +42,6 @@ public:
     // Pages of the kept documents taken together. A NewPage with nothing after
     // it before EndDoc makes no page, as on the printer.
     int PagesPrinted() const;
-    int PagesOf(int doc) const;
 
     std::vector<const Op*> TextOps() const;
     std::vector<std::string> Texts() const;
@@ -50,8 +49,6 @@ public:
     // The first text equal to, or else containing, the given bytes; null if none.
     const Op* FindText(const std::string& text) const;
     std::vector<const Op*> Lines() const;
-    // Everything recorded since the last call, for tests that look at one step.
-    std::vector<Op> TakeOps();
     void Clear();
 
     float CurrentX() const override { return x_; }
@@ -72,21 +69,18 @@ public:
     int Page() const override { return page_; }
     float LineHeight() const override { return LinePerPoint * font_.Size; }
 
-    int ScaleMode() const { return scaleMode_; }
-    int DrawWidth() const { return drawWidth_; }
-
 private:
     Op Make(OpKind kind) const;
+    void Record(OpKind kind, int value);
+    void MoveTo(float x, float y);
     void Ink();
     void Close();
 
     float x_ = 0, y_ = 0;
     host::PrintFont font_{"Arial", 10, false, false};
-    int scaleMode_ = 1;   // twips until someone sets centimetres
     int drawWidth_ = 1;
     int page_ = 1;
     bool open_ = false;
     std::vector<int> docPages_;   // pages of each kept document
     std::size_t docStart_ = 0;
-    std::size_t taken_ = 0;
 };

@@ -23,11 +23,6 @@ ScriptedHost& ScriptedHost::ExpectOpen(const std::string& titlePart, const std::
     return *this;
 }
 
-ScriptedHost& ScriptedHost::ExpectSave(const std::string& titlePart, const std::string& path) {
-    expected_.push_back({"Save", titlePart, std::nullopt, std::nullopt, 0, path, {}});
-    return *this;
-}
-
 ScriptedHost& ScriptedHost::ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer) {
     expected_.push_back({"Printer", "", std::nullopt, std::nullopt, 0, {}, std::move(answer)});
     return *this;

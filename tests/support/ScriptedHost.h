@@ -9,10 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/Host.h"
-#include "support/RecordingSurface.h"
+#include "support/QuietHost.h"
 
-class ScriptedHost : public host::Host {
+class ScriptedHost : public QuietHost {
 public:
     ScriptedHost();
     // Verifies: every expected box shown, every busy pointer put back.
@@ -32,22 +31,18 @@ public:
     ScriptedHost& ExpectInput(const std::string& textPart, const std::string& answer);
     // An empty path answers Cancel.
     ScriptedHost& ExpectOpen(const std::string& titlePart, const std::string& path);
-    ScriptedHost& ExpectSave(const std::string& titlePart, const std::string& path);
     ScriptedHost& ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer);
     // The script that runs while a modal form of this name is shown; it must close it.
     void OnModal(const std::string& formName, std::function<void(forms::Form&)> script);
     // All expectations met and the busy pointer back to normal? Fails the test otherwise.
     void Verify();
-    bool AllMet() const { return expected_.empty(); }
 
     std::vector<Shown> shown;
     std::vector<std::string> sounds;
     std::vector<std::string> helpShown;
     std::vector<std::string> opened;
     int openResult = 33;
-    vb::DateTime now{2026, 11, 22, 9, 30, 0};
     std::map<std::string, std::string> settings;   // "app/section/key"
-    RecordingSurface printer;
     int busyDepth = 0;
 
     int MsgBox(const std::string& prompt, int buttons, const std::string& title) override;
@@ -55,17 +50,13 @@ public:
     bool ShowOpen(host::FileDialog& d) override;
     bool ShowSave(host::FileDialog& d) override;
     bool ShowPrinter(host::PrinterDialog& d) override;
-    host::PrintSurface& Printer() override { return printer; }
     void ShowForm(forms::Form& f, bool modal) override;
     void HideForm(forms::Form& f) override;
     void UnloadForm(forms::Form& f) override;
-    void Refresh(forms::Form&) override {}
     void SetBusy(bool busy) override;
     void PlayWave(const std::string& path) override { sounds.push_back(path); }
     int OpenDocument(const std::string& path) override;
-    std::optional<std::string> HttpGet(const std::string&) override { return std::nullopt; }
     void ShowHelp(const std::string& file, int command, int context) override;
-    vb::DateTime Now() override { return now; }
     std::string GetSetting(const std::string& app, const std::string& section, const std::string& key,
                            const std::string& def) override;
     void SaveSetting(const std::string& app, const std::string& section, const std::string& key,
