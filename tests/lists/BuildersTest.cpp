@@ -3,7 +3,6 @@
 
 #include "lists/Lists.h"
 #include "lists/ListCrusade.h"
-#include "store/SortIndex.h"
 
 namespace {
 
@@ -144,14 +143,4 @@ TEST(SelectFilter, RebuildsAListFromItsNameWithoutAskingAndRemembersTheOneBefore
     ASSERT_TRUE(lists::BuildList(p, "alpha"));
     EXPECT_EQ("alpha", p.SortIndex[0]);
     EXPECT_EQ("SelWCAttend03", p.PriorSortName);
-}
-
-TEST(SortEntries, EqualKeysLeaveTheEntriesWhereTheCombSortsSwapsPutThem) {
-    // Only a record number past 9999 can repeat a key; then the order of the swaps shows.
-    ListCrusade l(std::vector<Person>{});
-    ProgramState& p = l.c.p;
-    p.SortIndex = {"alpha", "0001B   2", "0002B   2", "0003A   1"};
-    p.IndexCount = 3;
-    SortEntries(p);
-    EXPECT_EQ((std::vector<std::string>{"alpha", "0003A   1", "0002B   2", "0001B   2"}), p.SortIndex);
 }
