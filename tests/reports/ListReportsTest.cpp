@@ -55,8 +55,6 @@ struct Crusade {
         for (int i = 1; i <= 40; ++i) c.p.SermonTitles[static_cast<std::size_t>(i)] = "Night " + std::to_string(i);
         c.p.TeamNames[1] = "Team #1: North";
         c.p.TeamNames[2] = "Team #2: South";
-        c.p.DecisionNames[5] = "Baptism";
-        c.p.DecisionNames[9] = "Unite with Church";
         c.p.PrintingFromPreview = true;
         out.Clear();
     }
