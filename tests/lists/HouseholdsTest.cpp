@@ -57,7 +57,8 @@ TEST(BuildCleanMailList, KeepsAddressesWithNoLabelOrMoreThanOne) {
         std::vector<Person> people = ListPeople();
         for (int n : c.noLabel) people[n - 1].mail = 0;
         ListCrusade l(people);
-        if (c.entries.empty()) l.c.host.ExpectBox("There are no addresses with more than one mail label.  The list is clean.");
+        if (c.entries.empty())
+            l.c.host.ExpectBox("There are no addresses with more than one mail label.  The list is clean.");
         ASSERT_TRUE(lists::BuildCleanMailList(l.c.p));
         EXPECT_EQ(c.entries.empty() ? "mail" : "CleanMailList", l.c.p.SortName);
         EXPECT_EQ(c.families, l.c.p.FamilyCount);

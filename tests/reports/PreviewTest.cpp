@@ -9,7 +9,6 @@
 using namespace host;
 using forms::vbCtrlMask;
 using forms::vbLeftButton;
-using forms::vbChecked;
 
 namespace {
 
