@@ -93,11 +93,11 @@ TEST_F(Door, AStackOfTicketsIsMarkedAndWritten) {
         }
         for (int answer : s.answers) c.host.ExpectBox("Is this the Correct Name?", answer, "Searching for Last Name");
         Key(s.typed);
-        EXPECT_EQ(s.entInd, a.EntInd.Text()) << s.typed;
-        EXPECT_EQ(s.ident, a.SDAIdent.Text().substr(0, s.ident.size())) << s.typed;
-        EXPECT_EQ(s.record, c.p.RecordPos) << s.typed;
-        EXPECT_TRUE(s.sound.empty() || Played(s.sound)) << s.typed;
-        EXPECT_EQ("", a.SearchBox.Text());
+        // What shows, who is on screen, whether the sound played, and the emptied box.
+        EXPECT_EQ(std::make_tuple(s.entInd, s.ident, s.record, true, std::string()),
+                  std::make_tuple(a.EntInd.Text(), a.SDAIdent.Text().substr(0, s.ident.size()), c.p.RecordPos,
+                                  s.sound.empty() || Played(s.sound), a.SearchBox.Text()))
+            << s.typed;
     }
     EXPECT_EQ(vbRed, a.Phone.BackColor());
     EXPECT_EQ("Attendance: 7", a.Caption());

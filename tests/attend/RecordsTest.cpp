@@ -145,8 +145,7 @@ TEST_F(Appointment, ClicksMakeTheCodeInVisits) {
         e.Class.UserMouseDown(vbLeftButton, 0, 0, 0);
         e.Class.UserMouseUp(vbLeftButton, 0, 0, 0);
         e.Class.UserClick();   // the desktop's click after the release
-        EXPECT_EQ(r.after, e.Visits.Text()) << r.before;
-        EXPECT_EQ(r.classAfter, e.Class.Value()) << r.before;
-        EXPECT_EQ("Appointment", c.p.CallerForm);
+        EXPECT_EQ(std::make_tuple(r.after, r.classAfter, std::string("Appointment")),
+                  std::make_tuple(e.Visits.Text(), e.Class.Value(), c.p.CallerForm)) << r.before;
     }
 }

@@ -128,9 +128,8 @@ TEST(SelectFilter, RebuildsAListFromItsNameWithoutAskingAndRemembersTheOneBefore
     for (const auto& [name, count, built] : names) {
         SCOPED_TRACE(name);
         ASSERT_TRUE(lists::SelectFilter(p, name));
-        EXPECT_EQ(count, p.IndexCount);
-        EXPECT_EQ(built, p.SortName);
-        EXPECT_EQ("", p.SortIndex[0]);
+        EXPECT_EQ(std::make_tuple(count, std::string(built), std::string()),
+                  std::make_tuple(p.IndexCount, p.SortName, p.SortIndex[0]));
     }
     EXPECT_FALSE(lists::SelectFilter(p, "Need a Filter"));
     EXPECT_FALSE(lists::BuildList(p, "nonsense"));

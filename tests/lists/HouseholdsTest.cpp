@@ -60,9 +60,9 @@ TEST(BuildCleanMailList, KeepsAddressesWithNoLabelOrMoreThanOne) {
         if (c.entries.empty())
             l.c.host.ExpectBox("There are no addresses with more than one mail label.  The list is clean.");
         ASSERT_TRUE(lists::BuildCleanMailList(l.c.p));
-        EXPECT_EQ(c.entries.empty() ? "mail" : "CleanMailList", l.c.p.SortName);
-        EXPECT_EQ(c.families, l.c.p.FamilyCount);
-        EXPECT_EQ(c.entries.empty() ? 6u : c.entries.size(), static_cast<std::size_t>(l.c.p.IndexCount));
+        EXPECT_EQ(std::make_tuple(std::string(c.entries.empty() ? "mail" : "CleanMailList"), c.families,
+                                  c.entries.empty() ? 6 : static_cast<int>(c.entries.size())),
+                  std::make_tuple(l.c.p.SortName, l.c.p.FamilyCount, l.c.p.IndexCount));
         if (c.entries.empty()) continue;
         EXPECT_EQ(c.entries, l.Squeezed());
         EXPECT_EQ(85u, l.c.p.SortIndex[1].size());

@@ -62,9 +62,8 @@ TEST(Labels, MailLabelsFillSheetsOfThirtyFromTheOffsets) {
         prnMailLabels(s.c.p);
         int onLast = 0;
         for (const Op* op : s.out.TextOps()) onLast += op->page == k.pages && op->text.rfind("Pat ", 0) == 0;
-        EXPECT_EQ(k.pages, s.out.PagesPrinted());
-        EXPECT_EQ(k.labelsOnLastPage, onLast);
-        EXPECT_FALSE(s.out.DocumentOpen());
+        EXPECT_EQ(std::make_tuple(k.pages, k.labelsOnLastPage, false),
+                  std::make_tuple(s.out.PagesPrinted(), onLast, s.out.DocumentOpen()));
         // The first printed stands at the offsets, in its font.
         const std::string first = "Pat Name" + std::to_string(1000 + (k.fromPage - 1) * 30);
         EXPECT_EQ("0.70 1.30", s.At(first));
