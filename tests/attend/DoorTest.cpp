@@ -232,7 +232,6 @@ TEST_F(Door, CorrectionsOnTheCardFollowTheEditScreensRulesAndReachTheDisk) {
     EXPECT_EQ("G", a.IntLevel.Text());
     a.NextRecord_Button.UserClick();
     MasterRecord m = c.ReadRecord(1);
-    EXPECT_EQ("G", RTrim(m.IntLevel));
-    EXPECT_EQ("05/23/09", RTrim(m.BaptDate));
-    EXPECT_EQ(Att("1-3"), m.Attendance.str());
+    EXPECT_EQ(std::make_tuple(std::string("G"), std::string("05/23/09"), Att("1-3")),
+              std::make_tuple(RTrim(m.IntLevel), RTrim(m.BaptDate), m.Attendance.str()));
 }
