@@ -9,7 +9,6 @@
 using namespace host;
 using forms::vbCtrlMask;
 using forms::vbLeftButton;
-using forms::vbChecked;
 
 namespace {
 
@@ -33,6 +32,8 @@ struct Preview {
         return t.substr(0, t.find("\r\n"));
     }
 };
+
+struct PreviewScreen : ::testing::Test, Preview {};
 
 MasterRecord Person() {
     MasterRecord r = MakePerson("0042", "Mary", "Lamb", "1-3-5-7-9-1-3-5-7-9-1-3-5-7-9-1-3-5-7-9-");
@@ -92,9 +93,8 @@ TEST(Preview, LineFormatsOfEveryKind) {
     EXPECT_EQ(PreviewLine(p, Person(), "alpha", "", marks).substr(32, 24), "1-3-5-7-9-1-3-5-7-9-1-3-");
 }
 
-TEST(Preview, TitlesByKindWithTheCountAndTheEmptyList) {
-    Preview v;
-    ProgramState& p = v.c.p;
+TEST_F(PreviewScreen, TitlesByKindWithTheCountAndTheEmptyList) {
+    ProgramState& p = c.p;
     p.TeamNames[5] = "Team 5: North";
     p.DecisionNames[2] = "Sabbath";
     p.FilterTotalAttend = 4;
@@ -106,18 +106,18 @@ TEST(Preview, TitlesByKindWithTheCountAndTheEmptyList) {
     };
     for (const auto& [kind, title] : cases) {
         p.SortName = kind;
-        v.pr->PreviewReport();
-        EXPECT_EQ(v.pr->CrTitleBox.Text(), title) << kind;
+        pr->PreviewReport();
+        EXPECT_EQ(pr->CrTitleBox.Text(), title) << kind;
     }
-    EXPECT_EQ(v.pr->PrevSort, "age");
-    v.c.host.ExpectBox("Vestrel does not print this list by Team");
-    v.pr->chkTeam.UserClick();
-    EXPECT_FALSE(v.pr->chkTeam.Value());
+    EXPECT_EQ(pr->PrevSort, "age");
+    c.host.ExpectBox("Vestrel does not print this list by Team");
+    pr->chkTeam.UserClick();
+    EXPECT_FALSE(pr->chkTeam.Value());
     p.SortName = "baptism";
     p.IndexCount = 0;
-    v.pr->PreviewReport();
-    EXPECT_EQ(v.pr->CrTitleBox.Text(), "Baptism List (0)");
-    EXPECT_EQ(v.pr->Info.Text(), "There are no names in this filter to view.\r\n"
+    pr->PreviewReport();
+    EXPECT_EQ(pr->CrTitleBox.Text(), "Baptism List (0)");
+    EXPECT_EQ(pr->Info.Text(), "There are no names in this filter to view.\r\n"
                                  "Either select a lower Cut Off point or a different Filter.");
 }
 
@@ -166,50 +166,48 @@ TEST(Preview, ClicksOnTheColumnsChangeThePersonOnTheLine) {
     }
 }
 
-TEST(Preview, ClickColumnsFollowTheMeasuredFontAndTheAttendanceAndInterestModes) {
-    Preview v;
+TEST_F(PreviewScreen, ClickColumnsFollowTheMeasuredFontAndTheAttendanceAndInterestModes) {
     // A face twice as wide and lines 300 twips high, with the text inset.
-    v.pr->Info.Metrics = {210, 300, 90, 45};
+    pr->Info.Metrics = {210, 300, 90, 45};
     auto at = [](int column, int line) { return std::pair<float, float>(90 + 210 * (column - 0.5f), 45 + 300 * (line - 0.5f)); };
     // Meeting 5 of line 2 (Baker, not there): the attendance columns after the question.
-    v.c.host.ExpectBox("update the attendance record for meeting #5", vbOK, "Automatic Attendance Update");
+    c.host.ExpectBox("update the attendance record for meeting #5", vbOK, "Automatic Attendance Update");
     auto [x, y] = at(40, 2);
-    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
-    EXPECT_EQ(v.c.ReadRecord(2).Attendance.str().substr(0, 6), "12--5-");
-    EXPECT_EQ(v.c.ReadRecord(2).Last, 5);
-    EXPECT_TRUE(v.pr->optAt.Value());
+    pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    EXPECT_EQ(c.ReadRecord(2).Attendance.str().substr(0, 6), "12--5-");
+    EXPECT_EQ(c.ReadRecord(2).Last, 5);
+    EXPECT_TRUE(pr->optAt.Value());
     // Again on the same person: the mark is taken back after the sound and the question.
-    v.c.host.ExpectBox("This Will Undo the Attendance for Night 5", vbOK, "Undo the Attendance Update");
-    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
-    EXPECT_EQ(v.c.ReadRecord(2).Attendance.str().substr(0, 6), "12----");
-    EXPECT_EQ(v.c.ReadRecord(2).Last, 2);
+    c.host.ExpectBox("This Will Undo the Attendance for Night 5", vbOK, "Undo the Attendance Update");
+    pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    EXPECT_EQ(c.ReadRecord(2).Attendance.str().substr(0, 6), "12----");
+    EXPECT_EQ(c.ReadRecord(2).Last, 2);
     // The interest column of line 3 opens the interest dialog for Cole.
-    v.c.host.OnModal("SelIntFm", [](forms::Form& f) { static_cast<SelIntFm&>(f).btnInt_Click(3); });
+    c.host.OnModal("SelIntFm", [](forms::Form& f) { static_cast<SelIntFm&>(f).btnInt_Click(3); });
     std::tie(x, y) = at(58, 3);
-    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
-    EXPECT_EQ(v.c.ReadRecord(3).IntLevel, "C");
-    EXPECT_TRUE(v.pr->optAt.Value());   // the chosen function is back
+    pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    EXPECT_EQ(c.ReadRecord(3).IntLevel, "C");
+    EXPECT_TRUE(pr->optAt.Value());   // the chosen function is back
     // The visit column without a visit code chosen.
-    v.c.host.ExpectBox("You must select 'Visit'");
+    c.host.ExpectBox("You must select 'Visit'");
     std::tie(x, y) = at(75, 1);
-    v.pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
+    pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
 }
 
-TEST(Preview, VisitCodeKeysAndTheWayToTheEditScreenAndBack) {
-    Preview v;
-    v.pr->OptVisit.UserClick();
-    EXPECT_EQ(v.pr->OptVisit.Caption(), "Visit h05");
+TEST_F(PreviewScreen, VisitCodeKeysAndTheWayToTheEditScreenAndBack) {
+    pr->OptVisit.UserClick();
+    EXPECT_EQ(pr->OptVisit.Caption(), "Visit h05");
     for (int key : {'P', '+', '-', '-', 'm', '=', '=', '=', 'x'}) {
         int k = key;
-        v.pr->OptVisit_KeyPress(k);
+        pr->OptVisit_KeyPress(k);
         EXPECT_EQ(k, 0);
     }
-    EXPECT_EQ(v.pr->VisitCode, "m05");   // never past the meeting
-    v.pr->optEd.UserClick();
-    v.pr->Info.UserMouseDown(vbLeftButton, 0, 3000, 215 + 10);
-    EditForm& e = v.c.p.Edit();
+    EXPECT_EQ(pr->VisitCode, "m05");   // never past the meeting
+    pr->optEd.UserClick();
+    pr->Info.UserMouseDown(vbLeftButton, 0, 3000, 215 + 10);
+    EditForm& e = c.p.Edit();
     auto shown = [&] {
-        return e.LName.Text() + (v.pr->Visible() ? " preview" : "") +
+        return e.LName.Text() + (pr->Visible() ? " preview" : "") +
                (e.ReturnToPreviewMsg.Visible() ? " return" : "") + (e.mnuFile.Enabled() ? " file" : "") +
                (e.ChgRec[2].Visible() ? " step" : "") + (e.btnViewFile.Enabled() ? " view" : "");
     };
@@ -217,5 +215,5 @@ TEST(Preview, VisitCodeKeysAndTheWayToTheEditScreenAndBack) {
     e.Phone.SetText("555-0199");
     e.btnViewFile.UserClick();
     EXPECT_EQ("Baker preview file step view", shown());
-    EXPECT_EQ(vb::Trim(v.c.ReadRecord(2).Phone), "555-0199");
+    EXPECT_EQ(vb::Trim(c.ReadRecord(2).Phone), "555-0199");
 }
