@@ -59,10 +59,9 @@ TEST_F(CardEntry, WholeCardTypedWithEnterThroughTheFields) {
         {&e.txtEmail, "mary@example.com"}, {&e.Age, p.AgeGroups[3]}, {&e.RelPref, "Baptist"}};
     for (const auto& [box, text] : card) EXPECT_EQ(text, box->Text()) << box->Name();
 
-    // A number already in the list is refused and the box emptied.
-    TypeIn(e.RNum, "2");
-    c.host.ExpectBox("0002 is a duplicate record number\r\nThe Registration Number will be reset.", host::vbOK, "",
-                     host::vbCritical);
+    // A number already in the list is refused and the box emptied, the shown person's too.
+    TypeIn(e.RNum, "1");
+    c.host.ExpectBox("0001 is a duplicate record number");
     Enter();
     EXPECT_EQ("", e.RNum.Text());
     EXPECT_EQ(&e.RNum, e.ActiveControl());

@@ -98,9 +98,10 @@ TEST_F(EditScreen, WalkingMarkingAndGoingBack) {
     e.ChgRec_Click(0);
     e.ChgRec_Click(1);   // before the first: refused, same person
     EXPECT_EQ("Adams", e.LName.Text());
-    EXPECT_EQ(1u, c.host.sounds.size());
     e.ChgRec_Click(3);
+    e.ChgRec_Click(2);   // past the last: refused too
     EXPECT_EQ("Cyr", e.LName.Text());
+    EXPECT_EQ(2u, c.host.sounds.size());
     e.ChgRec_Click(1);
     e.btnMark_Click();
     EXPECT_EQ("Cruz", e.FndNameBx.Caption());

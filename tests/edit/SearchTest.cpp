@@ -24,7 +24,7 @@ TEST_F(Search, ByNumber) {
         c.host.sounds.clear();
         Find(r.typed);
         EXPECT_EQ(r.last, e.LName.Text()) << r.typed;
-        EXPECT_TRUE(Played("laser")) << r.typed;
+        EXPECT_TRUE(Played("S01.wav")) << r.typed;
         EXPECT_EQ("", e.SearchBox.Text());
     }
     // A number search works in a list that is not alphabetical.
@@ -62,13 +62,13 @@ TEST_F(Search, FallsThroughToTheMembers) {
     Find("dun");
     // A member is no record: the screen stays.
     EXPECT_EQ("SDA|0778 S. Dunbar         |Adams", e.EntInd.Text() + "|" + e.SDAIdent.Text() + "|" + e.LName.Text());
-    EXPECT_TRUE(Played("chimes"));
+    EXPECT_TRUE(Played("chimes.wav"));
     Find("778");
     EXPECT_EQ("SDA", e.EntInd.Text());
     c.host.sounds.clear();
     Find("4444");
     EXPECT_EQ("?|4444 Not in file", e.EntInd.Text() + "|" + e.SDAIdent.Text());
-    EXPECT_TRUE(Played("clunk"));
+    EXPECT_TRUE(Played("S02.wav"));
 }
 
 TEST_F(Search, GlobalSearchFindsTheDeletedAndRestoresThem) {

@@ -59,10 +59,10 @@ bool AsUnprivilegedUser(const std::function<bool()>& scenario) {
 TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExit) {
     TestCrusade c("Empty");
     c.WriteRecords({});
+    c.p.CrusadeName = "Empty";
+    ASSERT_TRUE(SaveInfo(c.p));   // so that its going at exit shows
     Program p(c.host, c.appPath);
-    c.host.ExpectBox(EmptyBox + c.dataFile + "\r\n\r\nYou must enter records before attempting other options.\r\n\r\n"
-                                             "DO NOT EXIT VESTREL BEFORE ENTERING AT LEAST ONE RECORD.",
-                     host::vbOK, "", host::vbOKOnly);
+    c.host.ExpectBox(EmptyBox + c.dataFile + "\r\n\r\nYou must enter records before attempting other options.");
     RunMain(c, p, c.dataFile, [&](frmSplash& s) {
         EXPECT_TRUE(p.IsNewFile);
         EXPECT_TRUE(p.AddMode);
@@ -81,10 +81,10 @@ TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExi
         e.mnuEditMode_Click();
     }
     c.host.ExpectBox("You must save at least one record to exit the program.")
-        .ExpectBox("There are no records in the file.");
+        .ExpectBox("There are no records in the file.\r\nThis file will be deleted", host::vbOK, "Exit Vestrel");
     EXPECT_THROW(e.mnuExit_Click(), host::EndProgram);
-    EXPECT_FALSE(vb::FileExists(c.dataFile));
-    EXPECT_FALSE(vb::FileExists(c.appPath + "/Vestrel.ini"));
+    for (const std::string& gone : {c.dataFile, c.p.CrusadeFile("inf"), c.appPath + "/Vestrel.ini"})
+        EXPECT_FALSE(vb::FileExists(gone)) << gone;
 }
 
 TEST(Lifecycle, ChangingCrusadeLeavesNothingOfThePreviousOneOnScreen) {
