@@ -225,8 +225,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
     c.p.Edit().mnuChgCr_Click();
     EXPECT_TRUE(stayed());
     // A run-time fault while reading is told in words, and the file is let go.
-    c.host.ExpectBox("Vestrel could not open the crusade:\r\n\r\n" + c.dataFile + "\r\nError # 61: Disk full",
-                     host::vbOK, "Crusade Cannot Be Opened");
+    c.host.ExpectBox("Vestrel could not open the crusade:\r\n\r\n" + c.dataFile + "\r\nError # 61: Disk full");
     EXPECT_FALSE(OpenCrusade(c.p, [&]() -> bool { vb::Raise(vb::errDiskFull); }));
     EXPECT_FALSE(c.p.File1.IsOpen() || c.p.Loaded);
     // A new crusade whose information file cannot be made: the one before comes back.
