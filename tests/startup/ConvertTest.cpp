@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Info.h"

@@ -4,10 +4,7 @@
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "startup/Crusades.h"
-#include "startup/Lifecycle.h"
-#include "startup/frmSplash.h"
 #include "store/Info.h"
-#include "store/Members.h"
 #include "store/Recent.h"
 #include "support/TestCrusade.h"
 

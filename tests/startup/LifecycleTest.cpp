@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <gtest/gtest-spi.h>
 
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
