@@ -80,7 +80,6 @@ TEST_F(Codes, DecisionsInterestAndBaptism) {
         unite();
         EXPECT_EQ(r.want, e.IntLevel.Text()) << r.level;
     }
-    EXPECT_EQ("--------U", e.Decisions.Text());
     e.Dec[1].UserClick();
     EXPECT_EQ("-S------U", e.Decisions.Text());
     c.host.ExpectBox("You have removed the Decision to Unite with the church.");

@@ -59,7 +59,6 @@ TEST(Crusades, CancelOrAPriorMeetingWithoutItsFileStopsTheLoad) {
 TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
     TestCrusade c("First");
     c.WriteRecords({MakePerson("9998", "Ann", "First")});
-    c.p.CrusadeName = "First";
     c.p.Loaded = true;
     c.Open();
     TestCrusade other("Second");

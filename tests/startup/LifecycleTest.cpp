@@ -174,7 +174,6 @@ TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
         std::string otherFile = c.appPath + "/mine/Open.dta";
         fs::create_directories(c.appPath + "/mine");
         c.WriteFile(otherFile, c.ReadFile(c.dataFile));
-        c.p.DataFile = c.dataFile;
         SaveSettings(c.p);
         const std::string before = c.ReadFile(c.dataFile);
         fs::permissions(c.folder.path(), fs::perms::all, fs::perm_options::replace);
