@@ -63,8 +63,7 @@ TEST(Lifecycle, AnEmptyRecordFileFromTheSplashIsANewCrusadeInAddModeAndGoesAtExi
     Program p(c.host, c.appPath);
     c.host.ExpectBox(EmptyBox + c.dataFile + "\r\n\r\nYou must enter records before attempting other options.");
     RunMain(c, p, c.dataFile, [&](frmSplash& s) {
-        EXPECT_TRUE(p.IsNewFile);
-        EXPECT_TRUE(p.AddMode);
+        EXPECT_TRUE(p.IsNewFile && p.AddMode);
         s.btnLastCrusade_Click();
     });
     EditForm& e = p.Edit();
@@ -187,8 +186,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
 
         bool ok = AsUnprivilegedUser([&] {
             Program p(c.host, c.appPath);
-            c.host.ExpectBox(folderReadOnly ? "Its folder " + c.appPath + "/data is read-only" : "The file is read-only.",
-                             host::vbOK, "Crusade Cannot Be Opened")
+            c.host.ExpectBox(folderReadOnly ? "Its folder " + c.appPath + "/data is read-only" : "The file is read-only.")
                 .ExpectOpen("Select an Existing Crusade", otherFile);
             bool chose = false;
             c.host.OnModal("frmSplash", [&](forms::Form& f) {
