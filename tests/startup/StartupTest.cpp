@@ -57,8 +57,7 @@ TEST(Startup, TheLastCrusadeComesUpOnTheFirstPersonByName) {
     c.host.OnModal("frmSplash", [&](forms::Form& f) {
         auto& s = static_cast<frmSplash&>(f);
         EXPECT_EQ("Spring:  Meeting #2", s.lblLastCrusadeName.Caption());
-        EXPECT_TRUE(s.btnLastCrusade.Visible());
-        EXPECT_TRUE(p.Loaded);
+        EXPECT_TRUE(s.btnLastCrusade.Visible() && p.Loaded);
         int key = 13;
         s.Form_KeyPress(key);   // any key loads it as the button does
         EXPECT_FALSE(s.Loaded());
