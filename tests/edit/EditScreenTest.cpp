@@ -156,8 +156,9 @@ TEST_F(EditScreen, InformationBoxAndTheEmptyListBox) {
 }
 
 TEST_F(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
-    e.ChgRec[0].SetVisible(false);
+    for (int i = 0; i <= 3; ++i) e.ChgRec[i].SetVisible(false);
     e.mnuEditMode_Click();
-    EXPECT_FALSE(e.ChgRec[0].Visible());
-    for (int i = 1; i <= 3; ++i) EXPECT_TRUE(e.ChgRec[i].Visible()) << i;
+    const auto& b = e.ChgRec;
+    EXPECT_EQ((std::vector<bool>{false, true, true, true}),
+              (std::vector<bool>{b[0].Visible(), b[1].Visible(), b[2].Visible(), b[3].Visible()}));
 }
