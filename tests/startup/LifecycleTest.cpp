@@ -264,7 +264,6 @@ TEST(Lifecycle, StaleTempFilesOfTheCrusadeGoWhenItIsOpened) {
     struct Row { std::string name; bool stays; };
     std::vector<Row> rows = {
         {".Spring.inf." + pid + ".3.tmp", false},
-        {".Spring.mem." + pid + ".12.tmp", false},
         {".Spring_prayer.txt." + pid + ".1.tmp", false},
         {".Spring.inf." + live + ".3.tmp", true},     // a save still under way elsewhere
         {".Springs.inf." + pid + ".1.tmp", true},     // another crusade's
