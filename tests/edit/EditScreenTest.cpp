@@ -162,3 +162,12 @@ TEST_F(EditScreen, EditModeShowsTheThreeArrowsButNotTheFirst) {
     EXPECT_EQ((std::vector<bool>{false, true, true, true}),
               (std::vector<bool>{b[0].Visible(), b[1].Visible(), b[2].Visible(), b[3].Visible()}));
 }
+
+TEST_F(EditScreen, F1OpensTheHelpFromAnyBoxOfTheCardAndShiftF1DoesNot) {
+    for (Control* box : {static_cast<Control*>(&e.LName), static_cast<Control*>(&e.SearchBox)}) {
+        box->SetFocus();
+        e.PressKey(vbKeyF1, vbShiftMask);
+        e.PressKey(vbKeyF1);
+    }
+    EXPECT_EQ(std::vector<std::string>(2, p.AppPath + "/help/index.html|3|0"), c.host.helpShown);
+}
