@@ -2,6 +2,8 @@
 // A loaded crusade on the edit screen, for the card, code and search tests.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "edit/EditForm.h"
 #include "store/Records.h"
 #include "support/TestCrusade.h"
@@ -24,13 +26,9 @@ protected:
     EditForm& e;
     Program& p = c.p;
 
-    // Sounds go out as their wave files.
-    bool Played(const std::string& name) const {
-        const std::string file = name == "clunk" ? "/S02.wav" : name == "laser" ? "/S01.wav"
-                                 : name == "carbrake" ? "/S03.wav" : name == "chimes" ? "chimes.wav" : name;
-        for (const std::string& s : c.host.sounds)
-            if (s.size() >= file.size() && s.compare(s.size() - file.size(), file.size(), file) == 0) return true;
-        return false;
+    // Sounds go out as their wave files: S01 the laser, S02 the clunk, S03 the car brake.
+    bool Played(const std::string& file) const {
+        return std::ranges::any_of(c.host.sounds, [&](const std::string& s) { return s.ends_with(file); });
     }
     void StartAdding(const std::string& meeting = "1") {
         c.host.ExpectInput("Enter the Meeting Number", meeting);

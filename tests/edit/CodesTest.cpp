@@ -28,7 +28,7 @@ TEST_F(Codes, VisitCodes) {
                            r.answer);
         if (r.deleteAnswer) c.host.ExpectBox("Do you want to delete the last visit?", r.deleteAnswer, "Delete Visit");
         EXPECT_EQ(r.want, EnterVisitCode(p, r.visits, r.key)) << r.visits << " " << r.key << r.answer;
-        EXPECT_EQ(r.clunk, Played("clunk")) << r.visits << " " << r.key << r.answer;
+        EXPECT_EQ(r.clunk, Played("S02.wav")) << r.visits << " " << r.key << r.answer;
     }
     // Through the keyboard: a code letter asks, any other key is explained and swallowed.
     e.Visits.SetFocus();
@@ -80,7 +80,6 @@ TEST_F(Codes, DecisionsInterestAndBaptism) {
         unite();
         EXPECT_EQ(r.want, e.IntLevel.Text()) << r.level;
     }
-    EXPECT_EQ("--------U", e.Decisions.Text());
     e.Dec[1].UserClick();
     EXPECT_EQ("-S------U", e.Decisions.Text());
     c.host.ExpectBox("You have removed the Decision to Unite with the church.");

@@ -12,7 +12,6 @@ TEST(FieldRules, TextBoxesAreCleanedOnLeaving) {
         {CleanAddress, "Apt 3", "apt 3"},                     // no blank before it: not a word of the table
         {CleanAddress, " Apt 3", "#3"},
         {CleanAddress, "12 Oak Apt 2b", "12 Oak #2B"},
-        {CleanAddress, "12 oak street apt 2b", "12 Oak St #2B"},
         {CleanAddress, "12  Main    St", "12 Main St"},
         {CleanAddress, "100 ne 5th avenue", "100 NE 5th Ave"},
         {CleanAddress, "5 avon road", "5 Aven Rd"},
@@ -21,7 +20,6 @@ TEST(FieldRules, TextBoxesAreCleanedOnLeaving) {
         {CleanAddress, "2 high way 9", "2 Hwy 9"},
         {CleanAddress, "3 court lane", "3 Ct Ln"},
         {CleanAddress, "rt 2 pobox 17", "rt 2 PO Box17"},
-        {CleanAddress, "4 elm apt # 7", "4 Elm #7"},
         {CleanAddress, "12 oak apt no5", "12 Oak #5"},
         {CleanAddress, "12 Main #", "12 Main #"},             // a lone number sign: the rounds end
         {CleanAddress, "#", "#"},
