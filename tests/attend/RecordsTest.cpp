@@ -41,7 +41,7 @@ TEST_F(DeleteAndRestore, TwoQuestionsThenTheDeletedViewBringsThePersonBack) {
         EXPECT_EQ(t.after, c.ReadRecord(1).WorkerCode.str() + " " + std::to_string(p.IndexCount) + " " +
                                e.LName.Text());
     }
-    EXPECT_TRUE(Played("carbrake"));
+    EXPECT_TRUE(Played("S03.wav"));
 
     // The deleted view, as the list of deleted people leaves it.
     p.SortName = "undelete";
