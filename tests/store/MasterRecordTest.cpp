@@ -20,13 +20,10 @@ TEST(MasterRecord, EveryFieldSitsAtItsOffsetAndRoundTripsByteExact) {
         {169, "LV"}, {181, "07"}, {183, "Likes hymns"}, {333, "12-4"}, {373, "3"}, {379, "C-K------"},
         {393, "xxxx"}, {401, "03/01/26"}, {411, "1/2/60"}, {421, "mary@example.org"}};
     for (const auto& t : texts) EXPECT_EQ(0, std::memcmp(d + t.offset, t.text, std::strlen(t.text))) << t.text;
-    // Blank padding, never terminated.
-    EXPECT_EQ(' ', d[4 + 4]);
-    EXPECT_EQ(' ', d[460]);
-    // Little-endian 16-bit integers.
-    EXPECT_EQ(4, d[375]);  EXPECT_EQ(0, d[376]);
-    EXPECT_EQ('\xFF', d[377]); EXPECT_EQ('\xFF', d[378]);
-    EXPECT_EQ('\xFF', d[391]); EXPECT_EQ('\xFF', d[409]); EXPECT_EQ('\xFF', d[419]);
+    // Blank padding, never terminated; little-endian 16-bit integers.
+    const std::pair<int, std::string> bytes[] = {{8, " "}, {460, " "}, {375, std::string("\x04\0\xFF\xFF", 4)},
+                                                 {391, "\xFF\xFF"}, {409, "\xFF\xFF"}, {419, "\xFF\xFF"}};
+    for (const auto& [at, want] : bytes) EXPECT_EQ(want, std::string(d + at, want.size())) << at;
     EXPECT_EQ(r, DecodeRecord(d));
 
     // Any bytes at all come back as they were, NULs and high characters included.

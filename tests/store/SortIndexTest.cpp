@@ -40,20 +40,6 @@ TEST(SortEntries, AlphaIgnoresTheNumberByNumberComparesAllAndAnAddModeEntryNarro
     }
 }
 
-TEST(SortEntries, ManyEntriesComeOutInOrderThroughTheGapRule) {
-    Fixture f;
-    std::vector<std::string> entries;
-    for (int i = 0; i < 500; ++i) {
-        char name[6];
-        snprintf(name, sizeof name, "%05d", (i * 7919) % 500);
-        entries.push_back("0000" + std::string(name) + "AB" + std::string(4 - std::to_string(i + 1).size(), ' ') +
-                          std::to_string(i + 1));
-    }
-    f.List(entries);
-    SortEntries(f.p);
-    for (int i = 1; i < 500; ++i) EXPECT_LE(f.p.SortIndex[i].substr(4), f.p.SortIndex[i + 1].substr(4));
-}
-
 TEST(FindByNumber, MatchesTheFirstFourCharactersWithoutCase) {
     Fixture f;
     f.List({"9990SMITHJO  12", "00a1SMITHJO   2", "00A1OTHERJO   7"});

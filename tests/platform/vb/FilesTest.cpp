@@ -65,7 +65,6 @@ TEST_F(Files, InputReadsFieldsTheWayTheRuntimeDoes) {
     EXPECT_EQ(r.InputLong(), 42);
     EXPECT_EQ(r.InputString(), "");
     EXPECT_TRUE(r.InputBool());
-    EXPECT_FALSE(r.Eof());
     EXPECT_EQ(r.InputLong(), -7);
     EXPECT_FALSE(r.InputBool());
     EXPECT_EQ(r.InputLong(), 4);   // 3.75 rounds as an assignment to a whole number does
