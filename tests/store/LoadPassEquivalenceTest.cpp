@@ -66,9 +66,7 @@ void OldCountZips(ProgramState& p) {
     for (long i = 1; i <= p.RecordCount; ++i) {
         GetRecord(p, i);
         if (p.MasterRec.WorkerCode == "##") continue;
-        std::string zip = p.MasterRec.Zip;
-        if (p.CanadaSorter) zip = Left(zip, 3);
-        auto it = byZip.find(Fixed(zip, 10));
+        auto it = byZip.find(Fixed(p.CanadaSorter ? Left(p.MasterRec.Zip.str(), 3) : p.MasterRec.Zip.str(), 10));
         if (it != byZip.end()) ++counts[it->second];
     }
     for (int z = 1; z <= p.ZipCount; ++z) p.ZipList[z] = Left(p.ZipList[z], 29) + Right("    " + CStr(counts[z]), 4);

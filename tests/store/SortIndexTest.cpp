@@ -14,7 +14,6 @@ struct Fixture {
         p.IndexCount = static_cast<int>(entries.size());
         p.SortName = sortName;
     }
-    std::vector<std::string> Sorted() { return {p.SortIndex.begin() + 1, p.SortIndex.end()}; }
 };
 }  // namespace
 
@@ -36,7 +35,7 @@ TEST(SortEntries, AlphaIgnoresTheNumberByNumberComparesAllAndAnAddModeEntryNarro
         Fixture f;
         f.List(r.in, r.sortName);
         SortEntries(f.p);
-        EXPECT_EQ(r.out, f.Sorted()) << r.sortName;
+        EXPECT_EQ(r.out, std::vector<std::string>(f.p.SortIndex.begin() + 1, f.p.SortIndex.end())) << r.sortName;
     }
 }
 
