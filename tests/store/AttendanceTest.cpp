@@ -4,7 +4,9 @@
 #include "store/MasterRecord.h"
 
 TEST(Attendance, CountsMarksUpToTheFortiethMeeting) {
-    for (const auto& [text, total] : {std::pair{"V" + std::string(38, '-') + "0", 2}, {std::string(39, '-') + "C", 1}}) {
+    const std::pair<std::string, int> cases[] = {{"V" + std::string(38, '-') + "0", 2},
+                                                 {std::string(39, '-') + "C", 1}};
+    for (const auto& [text, total] : cases) {
         std::string counted = text;
         std::int16_t last = 0;
         EXPECT_EQ(total, CountAttendance(counted, last)) << text;

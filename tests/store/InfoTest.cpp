@@ -55,8 +55,9 @@ TEST_F(InfoFile, SaveWritesTheLinesInOrderAndLoadReadsThemBack) {
     ASSERT_EQ(133u, lines.size());
     // Integers by Str have no trailing blank, by Print # a blank on both sides.
     const std::pair<int, const char*> at[] = {
-        {0, "Springfield 2026*Canada"}, {2, " 12"}, {3, " 9876 "}, {4, "UP"}, {6, " 3 "}, {7, " 7 "}, {8, "version 2.5.0"},
-        {9, "Jones:555-0101"}, {10, "Team #  2"}, {49, " 6 "}, {56, "Sabbath Problem"}, {75, "Quaker"}, {76, "Blank"},
+        {0, "Springfield 2026*Canada"}, {2, " 12"}, {3, " 9876 "}, {4, "UP"}, {6, " 3 "}, {7, " 7 "},
+        {8, "version 2.5.0"}, {9, "Jones:555-0101"}, {10, "Team #  2"}, {49, " 6 "}, {56, "Sabbath Problem"},
+        {75, "Quaker"}, {76, "Blank"},
         {83, "CSXPBTADU"}, {91, "Daniel 2"}, {115, "Extra"}, {116, ""}, {131, "True"}, {132, "11/22/2026 9:30:00 AM"}};
     for (const auto& [line, text] : at) EXPECT_EQ(text, lines[line]) << line;
 
