@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <random>
 #include <sys/resource.h>
 
 #include "edit/Navigate.h"
@@ -12,14 +13,7 @@
 #include "support/TestCrusade.h"
 
 TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
-    auto noise = [](unsigned state, std::size_t n) {
-        std::string s;
-        for (std::size_t i = 0; i < n; ++i) {
-            state = state * 1103515245u + 12345u;
-            s += static_cast<char>((state >> 16) & 0xFF);
-        }
-        return s;
-    };
+    std::mt19937 random(12345);
     auto good = [](int n) {
         RecordBytes b = EncodeRecord(MakePerson(vb::Right("000" + std::to_string(n), 4), "Ann", "Lee"));
         return std::string(b.data(), b.size());
@@ -33,7 +27,8 @@ TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
         std::string bytes;
         for (int i = 0; i < row.good; ++i) bytes += good(i + 1);
         for (int i = 0; i < row.bad; ++i) {
-            std::string rec = noise(12345u + static_cast<unsigned>(i), MasterRecord::Length);
+            std::string rec(MasterRecord::Length, ' ');
+            for (char& ch : rec) ch = static_cast<char>(random() >> 24);
             if (row.digits) rec.replace(0, 4, "1234");
             bytes += rec;
         }

@@ -98,14 +98,3 @@ TEST(Cp1252, EveryByteSurvivesTheRoundTripAndTheUnmappableBecomeQuestionMarks) {
                {Utf8ToCp1252("\xC0\xAF"), "??"},   // overlong "/"
                {Utf8ToCp1252("\xED\xA0\x80"), "???"}});   // a surrogate
 }
-
-TEST(Errors, NumbersCarryTheirStandardText) {
-    try {
-        Raise(errFileNotFound);
-        FAIL();
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.Number, 53);
-        EXPECT_EQ(e.Description(), "File not found");
-    }
-    EXPECT_EQ(ErrorDescription(62), "Input past end of file");
-}
