@@ -383,9 +383,9 @@ TEST_F(FormViewTest, OperatorClicksReachTheModelOnceAndModelChangesDoNotEcho) {
     QTest::mouseClick(W<QRadioButton>(f.optPhone), Qt::LeftButton);
     QTest::mouseClick(W<QRadioButton>(f.optHome), Qt::LeftButton);
     QTest::mouseClick(W<QRadioButton>(f.optHome), Qt::LeftButton);
-    EXPECT_EQ((std::vector<int>{-1, 0}), (std::vector<int>{f.optHome.Value(), f.optPhone.Value()}));
-    EXPECT_TRUE(W<QRadioButton>(f.optHome)->isChecked());
-    EXPECT_FALSE(W<QRadioButton>(f.optPhone)->isChecked());
+    EXPECT_EQ(std::make_tuple(-1, 0, true, false),
+              std::make_tuple(f.optHome.Value(), f.optPhone.Value(), W<QRadioButton>(f.optHome)->isChecked(),
+                              W<QRadioButton>(f.optPhone)->isChecked()));
 
     QTest::mouseClick(W<QLabel>(f.lblName), Qt::LeftButton);
 
@@ -401,7 +401,6 @@ TEST_F(FormViewTest, OperatorClicksReachTheModelOnceAndModelChangesDoNotEcho) {
     f.cboReligion.SetFocus();
     QTest::keyClick(combo, Qt::Key_Down);
     EXPECT_EQ(0, f.cboReligion.ListIndex());
-    EXPECT_EQ("Baptist", f.cboReligion.Text());
     QTest::keyClicks(combo, "s");
     EXPECT_EQ("Baptists", f.cboReligion.Text());
 
@@ -470,10 +469,9 @@ TEST_F(FormViewTest, RunLastsWhileAFormIsUpAndEndLeavesEveryLoop) {
 
 TEST_F(FormViewTest, BoxesAndDialogsAnswerWithTheClassicValues) {
     WhenModal<QMessageBox>([](QMessageBox* box) {
-        EXPECT_EQ(QStringList({"Line one\nLine two", "Delete"}), QStringList({box->text(), box->windowTitle()}));
-        EXPECT_EQ(QMessageBox::Question, box->icon());
-        EXPECT_EQ(3, box->buttons().size());
-        EXPECT_EQ(box->button(QMessageBox::No), box->defaultButton());
+        EXPECT_EQ(std::make_tuple(QString("Line one\nLine two"), QString("Delete"), QMessageBox::Question, 3, true),
+                  std::make_tuple(box->text(), box->windowTitle(), box->icon(), static_cast<int>(box->buttons().size()),
+                                  box->button(QMessageBox::No) == box->defaultButton()));
         box->button(QMessageBox::Yes)->click();
     });
     EXPECT_EQ(host::vbYes, host->MsgBox("Line one\r\nLine two",
@@ -574,12 +572,8 @@ TEST_F(FormViewTest, AKeyHeldFromElsewhereNeverPressesAButtonAndBoxesTypeOnlyWhe
     // Settings changed while the form is on screen reach its boxes.
     QLineEdit* name = W<QLineEdit>(f.Name);
     f.Name.SetFocus();
-    struct Case {
-        bool locked;
-        int maxLength;
-        const char* typed;
-        const char* shown;
-    } cases[] = {{true, 0, "ab", ""}, {false, 0, "ab", "ab"}, {false, 3, "ab", "aba"}, {true, 3, "c", "aba"}};
+    struct Case { bool locked; int maxLength; const char *typed, *shown; } cases[] = {
+        {true, 0, "ab", ""}, {false, 0, "ab", "ab"}, {false, 3, "ab", "aba"}, {true, 3, "c", "aba"}};
     for (const Case& c : cases) {
         f.Name.Locked = c.locked;
         f.Name.MaxLength = c.maxLength;
@@ -588,11 +582,12 @@ TEST_F(FormViewTest, AKeyHeldFromElsewhereNeverPressesAButtonAndBoxesTypeOnlyWhe
         EXPECT_EQ(QString(c.shown), name->text()) << c.typed;
     }
     f.Name.Alignment = 1;
-    EXPECT_TRUE(name->alignment() & Qt::AlignRight);
     f.cboReligion.Locked = true;
-    EXPECT_TRUE(W<QComboBox>(f.cboReligion)->lineEdit()->isReadOnly());
     f.hsbSpeed.Max = 10;
-    EXPECT_EQ(10, W<QScrollBar>(f.hsbSpeed)->maximum());
+    EXPECT_EQ(std::make_tuple(true, true, 10),
+              std::make_tuple(bool(name->alignment() & Qt::AlignRight),
+                              W<QComboBox>(f.cboReligion)->lineEdit()->isReadOnly(),
+                              W<QScrollBar>(f.hsbSpeed)->maximum()));
 }
 
 TEST_F(FormViewTest, AReportThatCannotBeWrittenSaysWhereItWasGoing) {

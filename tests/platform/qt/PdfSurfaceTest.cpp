@@ -74,7 +74,8 @@ TEST_F(PdfSurface, TwoPagesInTheFixedFontsWithLiberationFacesEmbedded) {
         if (std::regex_search(line, m, std::regex(R"(^(\S+) .*\s(yes|no)\s+(yes|no)\s+(yes|no)\s+\d+\s+\d+\s*$)")))
             faces.insert(m[1].str() + " " + m[2].str());
     EXPECT_EQ(faces, (std::set<std::string>{"LiberationMono yes", "LiberationMono-Bold yes", "LiberationSans yes",
-                                            "LiberationSans-Bold yes", "LiberationSerif yes", "LiberationSerif-Bold yes"}));
+                                            "LiberationSans-Bold yes", "LiberationSerif yes",
+                                            "LiberationSerif-Bold yes"}));
 }
 
 TEST_F(PdfSurface, MetricsAreCentimetresOfTheMappedFacesAndKillDocDropsThePages) {
