@@ -421,16 +421,14 @@ TEST_F(FormViewTest, AModalFormHoldsItsCallerAndAnErrorInItIsShown) {
     Card& f = ShowCard();
     ask = std::make_unique<Ask>(*host);
     f.ask = ask.get();
-    auto askButton = [this](Control& c) { return W<QPushButton>(c); };
-    auto isAsk = [this](QWidget* w) { return w == host->View(*ask); };
 
     // The routine that showed it goes on once the form is gone, reading what it left;
     // an error in a handler shows its number and the program goes on.
     QString error;
-    WhenModal(isAsk, [&](QWidget*) {
+    WhenModal<FormView>([&](FormView*) {
         OkNextBox(&error);
-        askButton(ask->btnFail)->click();
-        QTest::mouseClick(askButton(ask->btnOK), Qt::LeftButton);
+        W<QPushButton>(ask->btnFail)->click();
+        QTest::mouseClick(W<QPushButton>(ask->btnOK), Qt::LeftButton);
     });
     QTest::mouseClick(W<QPushButton>(f.btnGo), Qt::LeftButton);
     EXPECT_TRUE(error.contains("53") && error.contains("File not found")) << error.toStdString();
@@ -456,8 +454,7 @@ TEST_F(FormViewTest, RunLastsWhileAFormIsUpAndEndLeavesEveryLoop) {
     ask = std::make_unique<Ask>(*host);
     card->ask = ask.get();
     card->log.clear();
-    WhenModal([this](QWidget* w) { return w == host->View(*ask); },
-              [this](QWidget*) { W<QPushButton>(ask->btnQuit)->click(); });
+    WhenModal<FormView>([this](FormView*) { W<QPushButton>(ask->btnQuit)->click(); });
     QTimer::singleShot(20, [this] { W<QPushButton>(card->btnGo)->click(); });
     EXPECT_EQ(0, host->Run([this] { card->Show(); }));
     EXPECT_TRUE(host->Ending());

@@ -51,10 +51,8 @@ TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
         EXPECT_FALSE(out.DocumentOpen());
         EXPECT_EQ(std::filesystem::exists(printed), k.printed);
         EXPECT_EQ(std::filesystem::exists(saved), k.saved);
-        const std::string written = k.printed ? printed : saved;
-        if (k.printed || k.saved) {
-            EXPECT_NE(PdfText(written).find("The second page"), std::string::npos);
-        }
+        EXPECT_TRUE(!(k.printed || k.saved) ||
+                    PdfText(k.printed ? printed : saved).find("The second page") != std::string::npos);
 
         // The preview was for that document only.
         std::filesystem::remove(printed);
