@@ -245,9 +245,9 @@ TEST_F(FormViewTest, ChangesInTheModelReachTheWidgets) {
     }
     EXPECT_EQ("", W<QComboBox>(f.cboReligion)->currentText());   // adding items picks none
     f.cboReligion.SetListIndex(1);
-    EXPECT_EQ("Catholic", W<QComboBox>(f.cboReligion)->currentText());
     f.lstNames.SetListIndex(1);
-    EXPECT_EQ(1, W<QListWidget>(f.lstNames)->currentRow());
+    EXPECT_EQ(std::make_tuple(QString("Catholic"), 1),
+              std::make_tuple(W<QComboBox>(f.cboReligion)->currentText(), W<QListWidget>(f.lstNames)->currentRow()));
 
     f.mnuOpen.SetEnabled(false);
     f.mnuOpen.SetChecked(true);
@@ -279,8 +279,7 @@ TEST_F(FormViewTest, KeysGoThroughTheFormsRoutingIntoTheBox) {
 
     QTest::keyClicks(name, "ab");
     QTest::sendKeyEvent(QTest::Click, name, Qt::Key_A, QString("A"), Qt::ShiftModifier);
-    EXPECT_EQ(3, f.changes);
-    EXPECT_EQ(3, f.Name.SelStart());
+    EXPECT_EQ(std::make_tuple(3, 3), std::make_tuple(f.changes, f.Name.SelStart()));
     EXPECT_EQ((std::vector<std::string>{"Down 65 0", "Press 97", "Up 65", "Down 66 0", "Press 98", "Up 66",
                                         "Down 16 1", "Down 65 1", "Press 65", "Up 65", "Up 16"}),
               f.keys);
@@ -293,8 +292,7 @@ TEST_F(FormViewTest, KeysGoThroughTheFormsRoutingIntoTheBox) {
     // A KeyPress that changes the character types the new one.
     f.upperCase = true;
     QTest::keyClicks(name, "c");
-    EXPECT_EQ("abAC", name->text());
-    EXPECT_EQ("abAC", f.Name.Text());
+    EXPECT_EQ(std::make_tuple(QString("abAC"), std::string("abAC")), std::make_tuple(name->text(), f.Name.Text()));
 
     // Keys without a character: KeyDown only; Enter has both.
     f.keys.clear();
@@ -311,8 +309,7 @@ TEST_F(FormViewTest, KeysGoThroughTheFormsRoutingIntoTheBox) {
     QTest::keyClicks(notes, "hi");
     QTest::keyClick(notes, Qt::Key_Return);
     QTest::keyClicks(notes, "yo");
-    EXPECT_EQ("hi\r\nyo", f.Notes.Text());
-    EXPECT_EQ(6, f.Notes.SelStart());
+    EXPECT_EQ(std::make_tuple(std::string("hi\r\nyo"), 6), std::make_tuple(f.Notes.Text(), f.Notes.SelStart()));
 }
 
 TEST_F(FormViewTest, FocusFollowsModelAndOperatorAndNeverFiresTwiceOrForABox) {
@@ -341,8 +338,8 @@ TEST_F(FormViewTest, FocusFollowsModelAndOperatorAndNeverFiresTwiceOrForABox) {
     QTest::keyClick(name, Qt::Key_F5);
     QApplication::processEvents();
     EXPECT_EQ("Over the box", shown);
-    EXPECT_EQ(&f.Name, f.ActiveControl());
-    EXPECT_EQ(name, QApplication::focusWidget());
+    EXPECT_EQ(std::make_tuple(&f.Name, static_cast<QWidget*>(name)),
+              std::make_tuple(f.ActiveControl(), QApplication::focusWidget()));
     EXPECT_TRUE(f.log.empty()) << f.log.front();
 
     // A LostFocus rule that refuses the move with a box: it runs once, and the
