@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -500,7 +499,6 @@ TEST_F(FormViewTest, BoxesAndDialogsAnswerWithTheClassicValues) {
     EXPECT_EQ(QStringList{"Crusade Files (*.dta)"}, filters);
 
     open.MustExist = true;
-    open.FileName.clear();
     bool stayed = false;
     WhenModal<QFileDialog>([&](QFileDialog* d) {
         WhenModal<QMessageBox>([](QMessageBox* warning) { warning->close(); });

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <QApplication>
@@ -46,8 +47,7 @@ TEST(PrintPreview, ShowsEveryPageThenPrintsSavesOrDropsThem) {
         out.Print("The second page");
         out.EndDoc();
 
-        EXPECT_EQ(pages, 2);
-        EXPECT_EQ(label, "Page 2 of 2");
+        EXPECT_EQ(std::make_tuple(2, QString("Page 2 of 2")), std::make_tuple(pages, label));
         EXPECT_FALSE(out.DocumentOpen());
         EXPECT_EQ(std::filesystem::exists(printed), k.printed);
         EXPECT_EQ(std::filesystem::exists(saved), k.saved);

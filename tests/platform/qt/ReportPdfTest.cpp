@@ -60,7 +60,6 @@ TEST(ReportPdf, ListsOfAGeneratedCrusadeFillTheirPagesAndNumberThem) {
         k.run();
         ASSERT_EQ(host.pdf.LastError(), "");
         const int pages = PdfPages(pdf);
-        ASSERT_GE(pages, 1);
         EXPECT_NE(PdfText(pdf, 1).find(k.firstPage), std::string::npos) << PdfText(pdf, 1);
         const std::string last = PdfText(pdf, pages);
         EXPECT_NE(last.find(k.lastPage), std::string::npos) << last;
