@@ -193,7 +193,7 @@ protected:
 
 }  // namespace
 
-TEST_F(FormViewTest, EveryKindOfControlBecomesItsWidgetWhereItsTwipsPutIt) {
+TEST_F(FormViewTest, EveryKindOfControlBecomesItsWidgetWhereItsTwipsPutItAndFollowsTheModel) {
     Card& f = ShowCard();
     // A label has no buddy: its access key is not shown as "&".
     EXPECT_EQ((QStringList{"Card", "Name", "&Go", "Mail list", "Visit"}),
@@ -213,10 +213,8 @@ TEST_F(FormViewTest, EveryKindOfControlBecomesItsWidgetWhereItsTwipsPutIt) {
     QStringList items;
     for (QAction* a : titles[0]->menu()->actions()) items << (a->isSeparator() ? "-" : a->text());
     EXPECT_EQ((QStringList{"&Open", "-", "E&xit"}), items);
-}
 
-TEST_F(FormViewTest, ChangesInTheModelReachTheWidgets) {
-    Card& f = ShowCard();
+    // Changes in the model reach the widgets.
     f.btnGo.SetCaption("Go &on");
     f.SetCaption("Card 2");
     f.chkMail.SetVisible(false);
