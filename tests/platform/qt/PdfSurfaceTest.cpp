@@ -6,7 +6,6 @@
 #include <sstream>
 #include <string>
 
-#include <QApplication>
 #include <QTemporaryDir>
 
 #include "PdfTools.h"
@@ -15,20 +14,10 @@
 
 using host::Fonts;
 
-namespace {
-
-class PdfSurface : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() { EnsureQtApplication(); }
-    std::string Path(const std::string& name) const { return dir.filePath(QString::fromStdString(name)).toStdString(); }
-
+TEST(PdfSurface, TwoPagesInTheFixedFontsWithLiberationFacesEmbedded) {
+    EnsureQtApplication();
     QTemporaryDir dir;
-};
-
-}  // namespace
-
-TEST_F(PdfSurface, TwoPagesInTheFixedFontsWithLiberationFacesEmbedded) {
-    std::string pdf = Path("report.pdf");
+    const std::string pdf = dir.filePath("report.pdf").toStdString();
     {
         QtPrintSurface out;
         out.SetOutputPdf(pdf);
@@ -76,8 +65,10 @@ TEST_F(PdfSurface, TwoPagesInTheFixedFontsWithLiberationFacesEmbedded) {
                                             "LiberationSerif-Bold yes"}));
 }
 
-TEST_F(PdfSurface, MetricsAreCentimetresOfTheMappedFacesAndKillDocDropsThePages) {
-    const std::string pdf = Path("killed.pdf");
+TEST(PdfSurface, MetricsAreCentimetresOfTheMappedFacesAndKillDocDropsThePages) {
+    EnsureQtApplication();
+    QTemporaryDir dir;
+    const std::string pdf = dir.filePath("killed.pdf").toStdString();
     QtPrintSurface out;
     out.SetOutputPdf(pdf);
     // Liberation Mono advances 0.6 em: ten characters of 8 points are 48 points.
