@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <netinet/in.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -28,23 +26,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-int FreePort() {
-    int s = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in a{};
-    a.sin_family = AF_INET;
-    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t len = sizeof a;
-    bind(s, reinterpret_cast<sockaddr*>(&a), len);
-    getsockname(s, reinterpret_cast<sockaddr*>(&a), &len);
-    close(s);
-    return ntohs(a.sin_port);
-}
-
-// A scheduler of our own on loopback, with its files in a temporary folder;
+// A scheduler of our own on a local socket, with its files in a temporary folder;
 // the system's CUPS, if any, is never touched.
 class Scheduler {
 public:
-    explicit Scheduler(const std::string& root) : root_(root), server_("127.0.0.1:" + std::to_string(FreePort())) {
+    explicit Scheduler(const std::string& root) : root_(root), server_(root + "/cups.sock") {
         for (const char* d : {"spool", "cache", "state", "log", "tmp"}) fs::create_directories(root_ + "/" + d);
         fs::permissions(root_ + "/tmp", fs::perms::all | fs::perms::sticky_bit);
         fs::permissions(root_, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
