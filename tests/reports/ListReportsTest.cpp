@@ -232,7 +232,6 @@ TEST_F(Printing, BadInputEndsWithoutADocument) {
     const auto* name = out.FindText("00 4001 Featherstonehaugh-Wh");
     ASSERT_NE(name, nullptr);
     EXPECT_EQ(name->text, "00 4001 Featherstonehaugh-Wh, ");
-    EXPECT_EQ(out.Documents(), 1);
 }
 
 TEST(ReportMenus, AlphabeticalReportPrintsTheRebuiltListAndKeepsThePersonOnScreen) {
