@@ -284,9 +284,8 @@ TEST_F(CardEntry, MeetingNumberTestsAndTheMeetingBox) {
     struct Row { std::string entry; MeetingEntryFor kind; std::string box; int answer; int result; };
     const MeetingEntryFor night = MeetingEntryFor::NightlyAttendance, add = MeetingEntryFor::AddNames;
     const Row rows[] = {
-        {"", night, "", 0, 0},       {"0", night, "", 0, 0},         {"abc", night, "", 0, 0},
-        {"", add, "", 0, 0},         {"0", add, invalid, host::vbOK, 0}, {"41", night, invalid, host::vbOK, 0},
-        {"3", night, "", 0, 3},      {"6", add, "", 0, 6},
+        {"abc", night, "", 0, 0},             {"", add, "", 0, 0},    {"0", add, invalid, host::vbOK, 0},
+        {"41", night, invalid, host::vbOK, 0}, {"3", night, "", 0, 3}, {"6", add, "", 0, 6},
         {"8", night, "The last meeting was: 5\r\nThe next meeting should be Meeting Number: 6\r\n"
                      "You have entered Meeting Number: 8.\r\n\r\nIs this what you want to do?", host::vbNo, 0},
         {"8", add, "You have entered Meeting Number: 8.\r\nIs this", host::vbYes, 8},

@@ -42,7 +42,6 @@ TEST(Conversion, A371ByteFileBecomesTheCurrentFormKeepingABak) {
     const std::string want = older.substr(0, 283) + std::string(50, ' ') + older.substr(283, 76) + zero +
                              std::string(8, ' ') + zero + std::string(40, ' ');
     EXPECT_TRUE(want == c.ReadFile(c.dataFile).substr(MasterRecord::Length)) << "the converted record";
-    EXPECT_EQ(std::string(8, ' '), c.ReadRecord(1).BirthDate.str());
     // The version line is current now: no second question.
     LoadInfo(c.p);
     EXPECT_NE(std::string::npos, c.ReadFile(c.p.CrusadeFile("inf")).find("version 2.5.0"));

@@ -97,7 +97,6 @@ TEST(Crusades, AnUpperCaseExtensionOpensAndANameThatDoesNotExistAsksAndCreatesKe
     c.host.ExpectOpen("Select an Existing Crusade", loud).ExpectBox("LOUD Has been loaded successfully.");
     e.mnuChgCr_Click();
     EXPECT_EQ(loud + " 1", c.p.DataFile + " " + std::to_string(c.p.IndexCount));
-    EXPECT_FALSE(vb::FileExists(loud + ".dta"));
     c.p.TeamNames[2] = "Kept:1";
     c.p.BackupPath = "/media/stick";
     std::string fresh = c.appPath + "/data/Brand.dta";
