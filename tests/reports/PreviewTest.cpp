@@ -206,3 +206,12 @@ TEST_F(PreviewScreen, VisitCodeKeysAndTheWayToTheEditScreenAndBack) {
     EXPECT_EQ("Baker preview file step view", shown());
     EXPECT_EQ(vb::Trim(c.ReadRecord(2).Phone), "555-0199");
 }
+
+TEST_F(PreviewScreen, ACutOffOnAMasterListRebuildsItAsTheAttendanceList) {
+    const std::string kind = c.p.SortName;
+    pr->PrintCutOffBox.SetText("2");   // Baker came last at meeting 2
+    EXPECT_EQ(kind, c.p.SortName);
+    EXPECT_EQ(2, c.p.IndexCount);
+    EXPECT_NE(std::string::npos, Line(1).find("Adams")) << pr->Info.Text();
+    EXPECT_NE(std::string::npos, Line(2).find("Cole")) << pr->Info.Text();
+}
