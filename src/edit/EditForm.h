@@ -131,7 +131,7 @@ public:
     void SearchFor(const std::string& text);
     void mnuGlobal_Click();
     int AddMeeting = 1;          // the meeting of the cards in add mode
-    long NotesWarnedAt = -1;     // record whose Notes caution was shown on this visit
+    long NotesWarnedAt = -1;     // record whose Notes caution was shown since it was last shown
     // Nightly attendance, delete and restore, prayer requests, appointments.
     void mnuAttendUpdate_Click();
     void Attendance_Click();

@@ -33,6 +33,9 @@ void EditForm::Form_Activate() {
         }
         lblShowButtonLabels.SetVisible(btnExcel.Visible() && p.ShowButtonLabels);
     }
+    // The screen comes up ready for a ticket or a name: the first box of the card
+    // would take a number typed at once as the shown person's new number.
+    if (!ActiveControl() && !p.AddMode) SearchBox.SetFocus();
     p.CallerForm = "edit";
 }
 

@@ -476,7 +476,9 @@ void EditForm::RelPref_KeyPress(int& KeyAscii) {
         RelPref.SetSelLength(static_cast<int>(item.size() - typed.size()));
         return;
     }
-    // A church not in the list is typed in full.
+    // A church not in the list is typed in full rather than refused key by key: the
+    // names the leaving rule turns into list names ("Mormon", "Church of Christ") can
+    // only arrive this way, and the operator's church is never silently dropped.
     RelPref.SetText(typed);
     RelPref.SetSelStart(static_cast<int>(typed.size()));
 }

@@ -58,11 +58,21 @@ void EditForm::ScreenToRecord() {
     Take(r.BaptDate, BaptDate);
     r.Class = static_cast<std::int16_t>(Class.Value());
     r.MailList = -1;
-    if (MailList.Value() != vbChecked) r.MailList = 0;
+    r.MailList = static_cast<std::int16_t>(MailList.Value());
     Take(r.MapCode, MapCode);
     Take(r.BirthDate, BirthDate);
     r.MarkToVisit = chkMarkToVisit.Value() == vbChecked ? -1 : 0;
     Take(r.Email, txtEmail);
+    if (p.AddMode) return;
+    // A box that still shows what the file holds keeps the file's bytes, so that a person
+    // only looked at is never rewritten: older files hold -1 or 1 for a ticked box, a
+    // "12:00AM" baptism date shows empty, and the notes of an imported file may hold a comma.
+    const MasterRecord& u = p.UndoRec;
+    for (auto [field, stored] : {std::pair{&r.MailList, u.MailList}, std::pair{&r.Class, u.Class},
+                                 std::pair{&r.MarkToVisit, u.MarkToVisit}})
+        if ((*field != 0) == (stored != 0)) *field = stored;
+    if (BaptDate.Text().empty() && Trim(u.BaptDate) == "12:00AM") r.BaptDate = u.BaptDate;
+    if (Notes.Text() == RTrim(u.Notes)) r.Notes = u.Notes;
 }
 
 bool EditForm::SaveChanges() {
@@ -116,11 +126,21 @@ int EditForm::AskAddMeeting() {
 }
 
 void EditForm::mnuAddRecords_Click() {
+    const bool wasAdding = p.AddMode;
     p.AddMode = true;
     for (int i = 0; i <= 8; ++i) Dec[i].SetCaption(p.DecisionNames[i + 1]);
-    if (p.Loaded && !SaveChanges()) return;
+    // Backing out of the meeting box leaves add mode: the person still on screen would
+    // otherwise meet the card's number rules, see his own number as a duplicate and be
+    // saved under a new one.
+    if (p.Loaded && !SaveChanges()) {
+        p.AddMode = wasAdding;
+        return;
+    }
     int meeting = AskAddMeeting();
-    if (meeting == 0) return;
+    if (meeting == 0) {
+        p.AddMode = wasAdding;
+        return;
+    }
     AddMeeting = meeting;
     MtgNum.SetText(CStr(meeting));
     if (meeting > p.MeetingNumber) p.MeetingNumber = meeting;

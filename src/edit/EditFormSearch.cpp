@@ -1,6 +1,7 @@
 // Finding people: the search box (number or last name, then the member file) and global search.
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
+#include "lists/Lists.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"
 #include "store/ListEntry.h"
@@ -86,6 +87,14 @@ void EditForm::SearchFor(const std::string& typed) {
         for (int i = 1; i <= p.IndexCount && !hit; ++i)
             if (SameNumber(p.SortIndex[i], num)) hit = i;
     } else {
+        if (p.SortName == "unsorted") {
+            // A new crusade's list is every person in the order typed, not a filter the
+            // operator chose: it is put in name order, as All Names does, and searched.
+            lists::BuildList(p, "alpha");
+            int at = FindByRecord(p, shownPos);
+            if (at > 0) p.CurrentIndex = at;
+            SetupScreen("");
+        }
         const std::string& kind = p.SortName;
         if (kind != "alphafilter" && kind != "alpha" && kind != "baptism" && kind != "marked") {
             p.host.MsgBox("You have selected the " + kind + " Filter." + nl +

@@ -58,7 +58,15 @@ void EditForm::EnterPrayer() {
 }
 
 void EditForm::mnuViewPrayerList_Click() {
-    if (p.host.OpenDocument(PrayerFile(p)) <= 32) p.host.MsgBox("There are no Prayer Requests to view.");
+    const std::string file = PrayerFile(p);
+    if (p.host.OpenDocument(file) > 32) return;
+    // A list that is there but has nothing to open it is not an empty list: say where it is.
+    if (vb::FileExists(file))
+        p.host.MsgBox("The Prayer Requests are in the file:" + p.CrLf + file + p.CrLf + p.CrLf +
+                          "No program on this computer would open it. Open it with any text editor.",
+                      host::vbInformation, "View Prayer List");
+    else
+        p.host.MsgBox("There are no Prayer Requests to view.");
 }
 
 void EditForm::Form_KeyDown(int& KeyCode, int Shift) {

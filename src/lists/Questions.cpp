@@ -16,7 +16,8 @@ int AskMeetingToView(Program& p) {
     for (;;) {
         std::string answer = Trim(p.host.InputBox(prompt, "Select a Meeting to View", ""));
         int n = static_cast<int>(Val(answer));
-        if (answer.empty() || n == 0) return 0;
+        // Letters are a wrong answer, not the 0 that ends the command.
+        if (answer.empty() || (n == 0 && IsNumeric(answer))) return 0;
         if (n >= 1 && n <= p.MeetingNumber && n <= 40) return n;
         prompt = "You must enter a number between 1 and " + CStr(p.MeetingNumber);
     }

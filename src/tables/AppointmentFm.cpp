@@ -137,8 +137,8 @@ void AppointmentFm::btnSave_Click() {
 void AppointmentFm::btnClear_Click() {
     long at = InStr(WorkingVisits, "A");
     if (at == 0) return;
-    if (p.host.MsgBox("You are about to erase this Appointment (" + lblApt.Caption() + ") that has been scheduled." +
-                          p.CrLf + "Is that what you want to do?",
+    if (p.host.MsgBox(std::string("You are about to erase this Appointment ") + " that has been scheduled." + p.CrLf +
+                          "Is that what you want to do?",
                       host::vbYesNo | host::vbQuestion, "Erase Appointment") != host::vbYes)
         return;
     WorkingVisits = vb::Left(WorkingVisits, at - 1) + Mid(WorkingVisits, at + 3);

@@ -32,7 +32,7 @@ TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
     // Numbers fall from 9999.
     EXPECT_EQ((std::vector<std::string>{"9998", "O'neil", "12 Oak St #2B", "N.....I-Smith",
                                         "met at the door twice  brought a friend", "-2" + std::string(38, '-'), "2",
-                                        "-1"}),
+                                        "1"}),   // a ticked mail-list box is 1 on disk
               (std::vector<std::string>{r.RNum.str(), RTrim(r.LName), RTrim(r.Address), RTrim(r.Advertising),
                                         RTrim(r.Notes), r.Attendance.str(), std::to_string(r.Last),
                                         std::to_string(r.MailList)}));
