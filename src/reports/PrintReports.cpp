@@ -367,6 +367,8 @@ void PrintReports::Form_Unload(int& /*Cancel*/) {
     p.host.Printer().KillDoc();
     // "Include 'F'" belongs to this form: the edit screen's interest list goes without it.
     p.IncludeFLevel = false;
+    // "Disable" set the cut-off to 0 only while the preview is open.
+    if (chkDisableCutoff.Value()) p.PrintCutOff = static_cast<int>(Val(PrintCutOffBox.Text()));
     if (p.EditLoaded()) {
         EditForm& e = p.Edit();
         e.LeavePreviewEdit();

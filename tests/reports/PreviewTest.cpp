@@ -258,6 +258,7 @@ TEST_F(PreviewScreen, NothingSetOnOnePreviewShowsInTheNext) {
     Change(1, [](MasterRecord& r) { r.IntLevel = "A"; });
     Change(2, [](MasterRecord& r) { r.IntLevel = "F"; });
     c.p.ReligionList[1] = "Baptist";
+    pr->PrintCutOffBox.SetText("1");
     pr->CkIncludeF.UserClick();
     pr->PVDecisions.UserClick();
     pr->PVDecisions.UserClick();   // the churches
@@ -272,6 +273,7 @@ TEST_F(PreviewScreen, NothingSetOnOnePreviewShowsInTheNext) {
     pr->chkTeam.UserClick();
     EXPECT_EQ("wcattend", c.p.SortName);   // the cut-off made the master list the attendance list
     pr->CloseBut.UserClick();
+    EXPECT_EQ(1, c.p.PrintCutOff);   // "Disable" held only while the preview was open
     // The edit screen's interest list goes without level F again.
     ASSERT_TRUE(lists::BuildList(c.p, "interest"));
     EXPECT_EQ(1, c.p.IndexCount);
