@@ -26,6 +26,7 @@ struct Ask {
     bool byLevel = false;       // "decisions"
     bool equal = false;         // "TotalAttend"
     int sabbath = 0;            // "needsabvis": the meeting of the Sabbath sermon
+    std::string answers;        // what the questions were answered, kept in entry 0
     bool Cut(Rec r) const { return r.Last() > p.PrintCutOff; }
 };
 
@@ -294,7 +295,7 @@ void Run(ProgramState& p, const Kind& k, const Ask& a, const std::string& sortNa
     file.LeaveLastIn(p);
     p.SortName = sortName;
     // A list of the deleted that is empty is not sorted; nothing differs for the others.
-    e.Store(p, k.keepName ? sortName : std::string(), true, k.descending);
+    e.Store(p, k.keepName ? sortName : a.answers, true, k.descending);
 }
 
 void Alpha(ProgramState& p) {
@@ -333,9 +334,10 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
         if (number == 0 && (a.number = AskNightsMissed(p)) == 0) return false;
         sortName += TwoDigits(a.number);
     } else if (kind == "SelWCAttend") {
-        // The option may carry the team itself ("00" has no number), and "Al" behind it.
+        // The option may carry the team itself ("00" has no number), and the order behind it.
         a.alphabetical = Right(option, 2) == "Al";
-        std::string given = a.alphabetical ? Left(option, static_cast<long>(option.size()) - 2) : option;
+        const bool order = a.alphabetical || Right(option, 2) == "At";
+        std::string given = order ? Left(option, static_cast<long>(option.size()) - 2) : option;
         if (team.empty()) team = given;
         a.team = !team.empty() ? team : number > 0 ? TwoDigits(number) : AskTeamCode(p);
         if (a.team.size() == 1) a.team = "0" + a.team;
@@ -345,9 +347,11 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
         if (number == 0 && (a.number = AskDecision(p)) == 0) return false;
         if (a.number < 1 || a.number > 9) return false;
         a.byLevel = option == "IL" || (option.empty() && a.number == 9 && AskArrangeByLevel(p));
+        a.answers = a.byLevel ? "IL" : "Al";
         sortName += CStr(a.number);
     } else if (kind == "IntCard") {
         if (number == 0) a.number = AskCardLimits(p);
+        a.answers = CStr(a.number);
         p.ScratchValue = CStr(a.number);
     } else if (kind == "TotalAttend") {
         if (Has(option, "equal") || Has(option, "atleast")) {
@@ -359,6 +363,7 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
         }
         if (number > 0) p.FilterTotalAttend = number;
         a.number = p.FilterTotalAttend;
+        a.answers = std::string(a.equal ? "equal" : "atleast") + (a.teamFirst ? "TC" : "");
     } else if (kind == "needsabvis") {
         a.sabbath = SabbathMeeting(p);
     }
@@ -401,8 +406,8 @@ void ApplyCutOff(ProgramState& p) {
     e.Store(p, p.SortIndex.empty() ? std::string() : p.SortIndex[0], true);
 }
 
-bool SelectFilter(Program& p, const std::string& name) {
-    std::string kind = name, team;
+bool SelectFilter(Program& p, const std::string& name, const std::string& option) {
+    std::string kind = name, team, opt = option;
     int number = 0;
     if (Left(name, 8) == "decision") {
         kind = "decisions";
@@ -416,10 +421,16 @@ bool SelectFilter(Program& p, const std::string& name) {
             }
     }
     if (kind == "alpha" || kind == "alphafilter") kind = "attend";
+    // The answers given when the current list was built are given again.
+    const std::string kept = p.SortName == name && !p.SortIndex.empty() ? p.SortIndex[0] : std::string();
+    if (kind == "IntCard" && IsNumeric(kept)) number = static_cast<int>(Val(kept));
+    if ((kind == "decisions" && (kept == "IL" || kept == "Al")) ||
+        (kind == "TotalAttend" && (Has(kept, "equal") || Has(kept, "atleast"))))
+        opt = kept + opt;
     if (!Find(kind) && kind != "DupAddress" && kind != "NDupAddress" && kind != "TDupAddress" &&
         kind != "CleanMailList")
         return false;
-    return Build(p, kind, number, std::string(), team);
+    return Build(p, kind, number, opt, team);
 }
 
 }  // namespace lists

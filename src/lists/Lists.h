@@ -22,7 +22,7 @@ namespace lists {
 // "interest" "TC" to put the team first, "F" to take level F too, or "TCF";
 // "TotalAttend" "TC" as well, for the team report;
 // "baptism" "TC"; "SelWCAttend" the team code when it is not given as the
-// number ("00"), and "Al" behind it or alone for alphabetical order; "decisions" "IL"
+// number ("00"), and "Al" (alphabetical) or "At" (attendance) behind it or alone; "decisions" "IL"
 // or "Al" to arrange by interest level or not without asking; "TotalAttend"
 // "equal" or "atleast" without the dialog; "DupAddress" the mode of
 // BuildDuplicates.
@@ -35,8 +35,10 @@ void SortDescending(ProgramState& p);
 void ApplyCutOff(ProgramState& p);
 
 // Rebuilds the list named by a SortName ("decisions3", "attendnight07", ...)
-// after the cut-off changed. False when the name has no rule.
-bool SelectFilter(Program& p, const std::string& name);
+// after the cut-off changed, with `option` as BuildList takes it. A list whose
+// builder asked questions keeps the answers in entry 0, so that the current
+// list is rebuilt without asking again. False when the name has no rule.
+bool SelectFilter(Program& p, const std::string& name, const std::string& option = "");
 
 // People who share an address. `mode` "team error" keeps pairs of different
 // teams, "last name" pairs of different last names, any other all of them.

@@ -52,7 +52,9 @@ bool BuildForCode(Program& p, int code) {
     default: built = build("wcalpha"); break;
     }
     if (!built || p.ScratchValue == "cancel") return false;
-    if (p.IndexCount == 0) {
+    // The meeting and total builders go back to all names when nobody is left.
+    const bool fellBack = (code == 12 || code == 13) && p.SortName == "alpha";
+    if (p.IndexCount == 0 || fellBack) {
         p.host.MsgBox(NoMatch);
         p.Edit().ShowAll_Click();
         return false;

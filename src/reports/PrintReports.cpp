@@ -231,7 +231,9 @@ void PrintReports::Wire() {
     btnTeamSel.Click = [this] { btnTeamSel_Click(); };
     btnTeam.Click = [this](int i) { btnTeam_Click(i); };
     chkTeam.Click = [this] { chkTeam_Click(); };
-    CkIncludeF.Click = [this] { p.IncludeFLevel = CkIncludeF.Value() != 0; };
+    CkIncludeF.Click = [this] {
+        if (!quiet_) p.IncludeFLevel = CkIncludeF.Value() != 0;
+    };
     PVDecisions.Click = [this] { PVDecisions_Click(); };
     btnSelect.Click = [this](int i) { btnSelect_Click(i); };
     chkMailOpt.Click = [this] { chkMailOpt_Click(); };
@@ -297,12 +299,13 @@ void PrintReports::Wire() {
 
 void PrintReports::Form_Load() {
     inLoad_ = true;
+    StartAsDesigned();
     if (!p.SaveFilterOnExit) {
         ChkSaveFilter.SetValue(vbUnchecked);
     } else {
         ChkSaveFilter.SetValue(p.SortName == "DupAddress" ? vbUnchecked : vbChecked);
     }
-    SetCaption("Preview " + p.CrusadeName + " Meeting Number: " + Str(p.MeetingNumber));
+    SetCaption("Preview " + p.CrusadeName + " Meeting Number: " + CStr(p.MeetingNumber));
     Info.SetVisible(true);
     PrintCutOffBox.SetText(CStr(p.PrintCutOff));
     optAt.SetCaption("Attend " + CStr(p.MeetingNumber));
@@ -320,9 +323,35 @@ void PrintReports::Form_Load() {
         btnSelect[i].SetCaption(p.DecisionNames[static_cast<std::size_t>(i)]);
         btnSelect[i].SetVisible(true);
     }
-    CkIncludeF.SetValue(p.IncludeFLevel ? vbChecked : vbUnchecked);
     inLoad_ = false;
     PreviewReport();
+}
+
+// What the operator set on the last preview, perhaps in another crusade, is gone
+// when the form loads again.
+void PrintReports::StartAsDesigned() {
+    quiet_ = true;
+    for (CheckBox* b : {&chkTeam, &chkMailOpt, &chkPrnMailLabels, &chkDisableCutoff, &CkIncludeF})
+        b->SetValue(vbUnchecked);
+    ClrDecisions();
+    quiet_ = false;
+    p.IncludeFLevel = false;
+    for (Control* c : std::initializer_list<Control*>{&PrintCutOffBox, &btnVscrollUp, &btnVScrollDn})
+        c->SetEnabled(true);
+    optAt.SetVisible(true);
+    OptIntML.SetVisible(true);
+    OptIntML.SetCaption("Interest");
+    boxMailLabelIndicator.SetText("");
+    txtInstructions.SetText("");
+    VisitCode.clear();
+    OptVisit.SetCaption("Visit");
+    Church.clear();
+    TeamChosen = 0;
+    PrevSort.clear();
+    if (btnTeamSel.Caption() != "21-40") btnTeamSel_Click();
+    PVDecisions.SetCaption("View Decisions");
+    btnSelect[0].SetVisible(false);
+    for (int i = 10; i <= 14; ++i) btnSelect[i].SetVisible(false);
 }
 
 void PrintReports::Form_Activate() {
@@ -336,6 +365,10 @@ void PrintReports::Form_Activate() {
 
 void PrintReports::Form_Unload(int& /*Cancel*/) {
     p.host.Printer().KillDoc();
+    // "Include 'F'" belongs to this form: the edit screen's interest list goes without it.
+    p.IncludeFLevel = false;
+    // "Disable" set the cut-off to 0 only while the preview is open.
+    if (chkDisableCutoff.Value()) p.PrintCutOff = static_cast<int>(Val(PrintCutOffBox.Text()));
     if (p.EditLoaded()) {
         EditForm& e = p.Edit();
         e.LeavePreviewEdit();
@@ -500,21 +533,15 @@ void PrintReports::showScrollInfo() {
 }
 
 void PrintReports::SelectFilter() {
-    const ListKind k = SplitKind(p.SortName);
-    const std::string keep = p.SortName;
-    std::string builder = k.stem;
-    int number = k.number;
+    const std::string stem = SplitKind(p.SortName).stem;
     std::string option;
-    // The master lists are all rebuilt as the attendance list, in its order.
-    if (builder == "alpha" || builder == "alphafilter") builder = "attend";
-    if (builder == "SelWCAttend") option = optSortOpt[1].Value() ? "At" : "Al";
-    if ((builder == "interest" || builder == "baptism") && chkTeam.Value()) option = "TC";
-    if (builder == "religion") option = Church;
-    if (builder.empty() || !lists::BuildList(p, builder, number, option)) {
-        if (builder.empty()) CrTitleBox.SetText("Need a Filter");
-        return;
-    }
-    p.SortName = keep;
+    if (stem == "SelWCAttend") option = optSortOpt[1].Value() ? "At" : "Al";
+    if ((stem == "interest" || stem == "baptism") && chkTeam.Value()) option = "TC";
+    if (stem == "religion") option = Church;
+    // The kind stays the one the builder leaves, not the one before: a master list
+    // comes back in attendance order and is named "attend", since the searches and
+    // the save on the edit screen read an "alpha" list as alphabetical entries.
+    if (!lists::SelectFilter(p, p.SortName, option)) CrTitleBox.SetText("Need a Filter");
 }
 
 void PrintReports::ApplyCutOff() { lists::ApplyCutOff(p); }

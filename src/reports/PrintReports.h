@@ -170,10 +170,12 @@ public:
 private:
     void Layout();
     void Wire();
+    void StartAsDesigned();
     // The option of the left mouse button, as a mode letter.
     std::string ModeFromOptions() const;
     forms::Control* SelectedOption() const;
     void ShowList(const std::string& emptyEnd = "a different Filter.");
+    void PrintTeamByAttendance();
     // Sets a check box or option from code without running its handler.
     void SetQuietly(forms::Control& c, int value);
     bool quiet_ = false;

@@ -69,7 +69,6 @@ void PrintReports::Info_MouseDown(int Button, int Shift, float X, float Y) {
                               vbOKCancel, "Automatic Attendance Update") != vbOK)
                 return;
             optAt.SetValue(-1);
-            remembered = &optAt;   // the operator chose attendance: it stays
         }
     }
 
@@ -223,6 +222,7 @@ void PrintReports::btnVScrollDn_Click() {
 }
 
 void PrintReports::chkDisableCutoff_Click() {
+    if (quiet_) return;
     const bool off = chkDisableCutoff.Value() != 0;
     for (Control* c : std::initializer_list<Control*>{&PrintCutOffBox, &btnVscrollUp, &btnVScrollDn})
         c->SetEnabled(!off);
@@ -260,6 +260,24 @@ void PrintReports::btnTeam_Click(int Index) {
 }
 
 namespace {
+// The list in hand, put back when the scope ends.
+struct KeepList {
+    explicit KeepList(ProgramState& ps)
+        : p(ps), list(ps.SortIndex), count(ps.IndexCount), current(ps.CurrentIndex), kind(ps.SortName),
+          prior(ps.PriorSortName) {}
+    ~KeepList() {
+        p.SortIndex = list;
+        p.IndexCount = count;
+        p.CurrentIndex = current;
+        p.SortName = kind;
+        p.PriorSortName = prior;
+    }
+    ProgramState& p;
+    std::vector<std::string> list;
+    int count, current;
+    std::string kind, prior;
+};
+
 // The team form of a list that has one, and back.
 std::string TeamKindOf(const std::string& kind) {
     if (kind == "alpha" || kind == "alphafilter") return "wcalpha";
@@ -291,16 +309,12 @@ void PrintReports::chkTeam_Click() {
         return;
     }
     // Count the addresses that have more than one team, keeping the list in hand.
-    const std::vector<std::string> list = p.SortIndex;
-    const int count = p.IndexCount, current = p.CurrentIndex;
-    const std::string prior = p.PriorSortName;
-    const bool counted = lists::BuildList(p, "team error");
-    const int conflicts = counted ? p.IndexCount : 0;
-    p.SortIndex = list;
-    p.IndexCount = count;
-    p.CurrentIndex = current;
-    p.SortName = kind;
-    p.PriorSortName = prior;
+    int conflicts = 0;
+    {
+        KeepList keep(p);
+        lists::BuildDuplicates(p, "team error");
+        conflicts = p.IndexCount;
+    }
     if (conflicts > 0) {
         const std::string& nl = p.CrLf;
         int answer = p.host.MsgBox(
@@ -356,9 +370,8 @@ void PrintReports::btnSelect_Click(int Index) {
         return;
     }
     SetQuietly(chkTeam, vbUnchecked);
-    p.SortName = "decisions" + CStr(Index);
-    SelectFilter();
-    PreviewReport();
+    // A new decision list, with its own question: the answers of the list before are not its own.
+    if (lists::BuildList(p, "decisions", Index)) PreviewReport();
 }
 
 void PrintReports::chkMailOpt_Click() {
@@ -387,6 +400,7 @@ void PrintReports::chkMailOpt_Click() {
 }
 
 void PrintReports::chkPrnMailLabels_Click() {
+    if (quiet_) return;
     if (chkPrnMailLabels.Value()) {
         boxMailLabelIndicator.SetText("Print Mail Labels For");
         OptIntML.SetCaption("Mail");
@@ -419,7 +433,7 @@ void PrintReports::btnPrint_Click() {
     if (s == "alphafilter") PrintOneLineReport(p, 1);
     else if (s == "attend") PrintOneLineReport(p, 2);
     else if (s == "wcalpha") PrintWCReport(p, 1);
-    else if (s == "SelWCAttend") PrintWCReport(p, 2);
+    else if (s == "SelWCAttend") PrintTeamByAttendance();
     else if (s == "WCNeedInterview") PrintWCReport(p, 8);
     else if (s == "wcattend") {
         int answer = p.host.MsgBox("Separate the Teams with a page break?", vbYesNo | vbQuestion, "Select Print Format");
@@ -441,6 +455,17 @@ void PrintReports::btnPrint_Click() {
     else PrintOneLineReport(p, 10);
     p.PrintingFromPreview = false;
     Show();
+}
+
+// The team report groups a team by the meeting last attended, which the
+// alphabetical order does not carry: it prints the same team in attendance order.
+void PrintReports::PrintTeamByAttendance() {
+    if (p.IndexCount < 1 || Mid(p.SortIndex[1], 7, 3) != "000") {
+        PrintWCReport(p, 2);
+        return;
+    }
+    KeepList keep(p);
+    if (lists::BuildList(p, "SelWCAttend", 0, Right(p.SortName, 2) + "At")) PrintWCReport(p, 2);
 }
 
 void PrintReports::MasterListButton_Click() {

@@ -128,9 +128,18 @@ TEST(SelectFilter, RebuildsAListFromItsNameWithoutAskingAndRemembersTheOneBefore
     for (const auto& [name, count, built] : names) {
         SCOPED_TRACE(name);
         ASSERT_TRUE(lists::SelectFilter(p, name));
-        EXPECT_EQ(std::make_tuple(count, std::string(built), std::string()),
-                  std::make_tuple(p.IndexCount, p.SortName, p.SortIndex[0]));
+        EXPECT_EQ(std::make_pair(count, std::string(built)), std::make_pair(p.IndexCount, p.SortName));
     }
+    // The answers a list was built with come back without asking.
+    l.c.host.ExpectBox("arrange these decisions by Interest Level?", host::vbYes);
+    ASSERT_TRUE(lists::BuildList(p, "decisions", 9));
+    const std::vector<std::string> byLevel = l.Squeezed();
+    ASSERT_TRUE(lists::SelectFilter(p, "decisions9"));
+    EXPECT_EQ(byLevel, l.Squeezed());
+    ASSERT_TRUE(lists::BuildList(p, "TotalAttend", 2, "equal"));
+    const int equal = p.IndexCount;
+    ASSERT_TRUE(lists::SelectFilter(p, "TotalAttend"));
+    EXPECT_EQ(equal, p.IndexCount);
     EXPECT_FALSE(lists::SelectFilter(p, "Need a Filter"));
     EXPECT_FALSE(lists::BuildList(p, "nonsense"));
     // Only the "alpha" list names its kind in entry 0; after a filter and the way

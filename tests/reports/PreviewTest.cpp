@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "edit/SelIntFm.h"
+#include "lists/Lists.h"
+#include "lists/frmFilters.h"
 #include "reports/PrintReports.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
@@ -8,7 +10,9 @@
 
 using namespace host;
 using forms::vbCtrlMask;
+using forms::vbKeyReturn;
 using forms::vbLeftButton;
+constexpr auto npos = std::string::npos;
 
 namespace {
 
@@ -26,6 +30,28 @@ struct Preview {
         pr = &c.p.Reports();
     }
     ~Preview() { c.host.Verify(); }
+    // Changes person n on disk, as an earlier session on the edit screen would have.
+    template <class F>
+    void Change(long n, F f) {
+        MasterRecord r = c.ReadRecord(n);
+        f(r);
+        c.p.MasterRec = r;
+        PutRecord(c.p, n);
+    }
+    // The texts printed, one a line.
+    std::string Printed() const {
+        std::string t;
+        for (const auto& op : c.host.printer.ops)
+            if (op.kind == RecordingSurface::OpKind::Text) t += op.text + "\n";
+        return t;
+    }
+    void AcceptPrinter() {
+        c.host.ExpectPrinter([](PrinterDialog& d) {
+            d.FromPage = 1;
+            d.ToPage = 1000;
+            return true;
+        });
+    }
     std::string Line(int i) const {
         std::string t = pr->Info.Text();
         for (int k = 1; k < i; ++k) t = t.substr(t.find("\r\n") + 2);
@@ -170,17 +196,20 @@ TEST_F(PreviewScreen, ClickColumnsFollowTheMeasuredFontAndTheAttendanceAndIntere
     pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
     EXPECT_EQ(c.ReadRecord(2).Attendance.str().substr(0, 6), "12--5-");
     EXPECT_EQ(c.ReadRecord(2).Last, 5);
-    // Again on the same person: the mark is taken back after the sound and the question.
+    EXPECT_TRUE(pr->optEd.Value());   // the function chosen before the click is back
+    // Again on the same person: asked again, then the mark is taken back after the sound and the question.
+    c.host.ExpectBox("update the attendance record for meeting #5", vbOK, "Automatic Attendance Update");
     c.host.ExpectBox("This Will Undo the Attendance for Night 5", vbOK, "Undo the Attendance Update");
     pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
     EXPECT_EQ(c.ReadRecord(2).Attendance.str().substr(0, 6), "12----");
     EXPECT_EQ(c.ReadRecord(2).Last, 2);
-    // The interest column of line 3 opens the interest dialog for Cole.
+    // The interest column of line 3 opens the interest dialog for Cole; the line shows the level.
     c.host.OnModal("SelIntFm", [](forms::Form& f) { static_cast<SelIntFm&>(f).btnInt_Click(3); });
     std::tie(x, y) = at(58, 3);
     pr->Info.UserMouseDown(vbLeftButton, 0, x, y);
     EXPECT_EQ(c.ReadRecord(3).IntLevel, "C");
-    EXPECT_TRUE(pr->optAt.Value());   // the chosen function is back
+    EXPECT_NE(Line(3).find("/C "), npos) << Line(3);
+    EXPECT_TRUE(pr->optEd.Value());
     // The visit column without a visit code chosen.
     c.host.ExpectBox("You must select 'Visit'");
     std::tie(x, y) = at(75, 1);
@@ -207,11 +236,154 @@ TEST_F(PreviewScreen, VisitCodeKeysAndTheWayToTheEditScreenAndBack) {
     EXPECT_EQ(vb::Trim(c.ReadRecord(2).Phone), "555-0199");
 }
 
-TEST_F(PreviewScreen, ACutOffOnAMasterListRebuildsItAsTheAttendanceList) {
-    const std::string kind = c.p.SortName;
+TEST_F(PreviewScreen, ACutOffOnTheMasterListIsTheAttendanceListUntilThePreviewCloses) {
     pr->PrintCutOffBox.SetText("2");   // Baker came last at meeting 2
-    EXPECT_EQ(kind, c.p.SortName);
+    // Named for what it holds: the searches and the save read an "alpha" list as
+    // alphabetical entries, so the master list's own name is not kept.
+    EXPECT_EQ("attend", c.p.SortName);
     EXPECT_EQ(2, c.p.IndexCount);
-    EXPECT_NE(std::string::npos, Line(1).find("Adams")) << pr->Info.Text();
-    EXPECT_NE(std::string::npos, Line(2).find("Cole")) << pr->Info.Text();
+    EXPECT_NE(npos, Line(1).find("Adams")) << pr->Info.Text();
+    EXPECT_NE(npos, Line(2).find("Cole")) << pr->Info.Text();
+    pr->CloseBut.UserClick();
+    EditForm& e = c.p.Edit();
+    c.host.ExpectBox("Ed Cole", vbYes);
+    e.SearchBox.SetFocus();
+    e.TypeText("cole");
+    e.PressKey(vbKeyReturn, 0, vbKeyReturn);
+    EXPECT_EQ("Cole", e.LName.Text());
+    EXPECT_EQ(std::make_pair(std::string("alpha"), 3), std::make_pair(c.p.SortName, c.p.IndexCount));
+}
+
+TEST_F(PreviewScreen, NothingSetOnOnePreviewShowsInTheNext) {
+    Change(1, [](MasterRecord& r) { r.IntLevel = "A"; });
+    Change(2, [](MasterRecord& r) { r.IntLevel = "F"; });
+    c.p.ReligionList[1] = "Baptist";
+    pr->PrintCutOffBox.SetText("1");
+    pr->CkIncludeF.UserClick();
+    pr->PVDecisions.UserClick();
+    pr->PVDecisions.UserClick();   // the churches
+    pr->btnSelect[1].UserClick();
+    EXPECT_EQ("Baptist", pr->Church);
+    pr->MasterListButton.UserClick();
+    pr->chkDisableCutoff.UserClick();
+    pr->btnTeamSel.UserClick();
+    pr->OptVisit.UserClick();
+    pr->chkPrnMailLabels.UserClick();
+    pr->chkMailOpt.UserClick();
+    pr->chkTeam.UserClick();
+    EXPECT_EQ("wcattend", c.p.SortName);   // the cut-off made the master list the attendance list
+    pr->CloseBut.UserClick();
+    EXPECT_EQ(1, c.p.PrintCutOff);   // "Disable" held only while the preview was open
+    // The edit screen's interest list goes without level F again.
+    ASSERT_TRUE(lists::BuildList(c.p, "interest"));
+    EXPECT_EQ(1, c.p.IndexCount);
+
+    c.p.MeetingNumber = 6;
+    c.p.Edit().mnuPreInt_Click();
+    auto on = [](const forms::Control& k) { return k.Value() ? "1" : "0"; };
+    const std::string state =
+        pr->Caption() + "|" + pr->CrTitleBox.Text() + "|" + on(pr->CkIncludeF) + on(pr->chkDisableCutoff) +
+        on(pr->chkPrnMailLabels) + on(pr->chkMailOpt) + on(pr->chkTeam) + "|" +
+        (pr->PrintCutOffBox.Enabled() ? "cut-off" : "") + "|" + pr->btnTeamSel.Caption() + " " +
+        pr->btnTeam[1].Caption() + (pr->btnTeam[21].Visible() ? " All" : "") + "|" + pr->OptVisit.Caption() +
+        pr->VisitCode + "|" + (pr->optAt.Visible() ? "Attend " : "") + pr->OptIntML.Caption() + "|" +
+        pr->boxMailLabelIndicator.Text() + "|" + pr->Church;
+    EXPECT_EQ("Preview Fall Meeting Number: 6|Priority Interest List (1)|00000|cut-off|21-40 01 All|Visit|"
+              "Attend Interest||",
+              state);
+}
+
+TEST_F(PreviewScreen, ATeamInEitherOrderAndItsReportGroupedByLastMeeting) {
+    c.p.TeamNames[7] = "Team #7: West";
+    for (long n : {2L, 3L}) Change(n, [](MasterRecord& r) { r.WorkerCode = "07"; });
+    const std::pair<int, const char*> cases[] = {{0, "Bake Cole"}, {1, "Cole Bake"}};
+    for (const auto& [option, order] : cases) {
+        SCOPED_TRACE(option);
+        pr->optSortOpt[option].UserClick();
+        pr->btnTeam[7].UserClick();
+        EXPECT_EQ("Team- 7 (2)", pr->CrTitleBox.Text());
+        const std::string shown = Line(1).substr(9, 4) + " " + Line(2).substr(9, 4);
+        EXPECT_EQ(order, shown);
+        c.host.printer.Clear();
+        AcceptPrinter();
+        pr->btnPrint.UserClick();
+        const std::string printed = Printed();
+        EXPECT_NE(npos, printed.find("Missing Since Meeting # 5")) << printed;
+        EXPECT_NE(npos, printed.find("Missing Since Meeting # 2")) << printed;
+        EXPECT_EQ(npos, printed.find("# 999")) << printed;
+        // The list on screen stays in the order chosen.
+        EXPECT_EQ(order, Line(1).substr(9, 4) + " " + Line(2).substr(9, 4));
+    }
+}
+
+TEST(Preview, TeamsFirstAskAboutAddressesWithMoreThanOneTeam) {
+    // Answer, then the kind shown and whether "Teams" stays checked.
+    const std::tuple<int, const char*, bool> cases[] = {{vbNo, "wcalpha", true}, {vbYes, "TDupAddress", false}};
+    for (const auto& [answer, kind, checked] : cases) {
+        SCOPED_TRACE(kind);
+        Preview v;
+        v.Change(1, [](MasterRecord& r) { r.WorkerCode = "01"; });
+        v.Change(2, [](MasterRecord& r) { r.WorkerCode = "02"; });
+        v.c.host.ExpectBox("addresses with more than one team assigned.", answer, "Conflicting Team Assignments");
+        v.pr->chkTeam.UserClick();
+        EXPECT_EQ(kind, v.c.p.SortName);
+        EXPECT_EQ(checked, v.pr->chkTeam.Value() != 0);
+    }
+}
+
+TEST(Preview, AnEmptyMeetingOrTotalReportPrintsNothing) {
+    struct Case {
+        const char* what;
+        void (*ask)(Preview&);
+        const char* builderSays;
+    } cases[] = {
+        {"selected meeting", [](Preview& v) { v.c.host.ExpectInput("Enter the Meeting number", "6"); },
+         "There are no records for this filter."},
+        {"total attendance",
+         [](Preview& v) {
+             v.c.host.OnModal("frmFilters", [](forms::Form& f) {
+                 auto& d = static_cast<frmFilters&>(f);
+                 d.txtTotalAttend.SetText("5");
+                 d.btnSave_Click();
+             });
+         },
+         "There are no names to view."},
+    };
+    for (const Case& k : cases) {
+        SCOPED_TRACE(k.what);
+        Preview v;
+        v.pr->CloseBut.UserClick();
+        v.c.p.MeetingNumber = 6;
+        v.c.host.printer.Clear();
+        k.ask(v);
+        v.c.host.ExpectBox(k.builderSays);
+        v.c.host.ExpectBox("There were no names in the file that match your search criteria.");
+        EditForm& e = v.c.p.Edit();
+        (std::string(k.what) == "selected meeting" ? e.mnuPrRptSelectedMtg : e.mnuPrnTotalAttended).UserClick();
+        EXPECT_EQ("", v.Printed());
+    }
+}
+
+TEST_F(PreviewScreen, ACutOffRebuildsWithTheAnswersTheListWasBuiltWith) {
+    int asked = 0;
+    c.host.OnModal("frmFilters", [&asked](forms::Form& f) {
+        auto& d = static_cast<frmFilters&>(f);
+        ++asked;
+        d.txtTotalAttend.SetText("4");
+        d.optTotal[1].UserClick();   // equal to
+        d.btnSave_Click();
+    });
+    pr->mnuTotalAttendance.UserClick();
+    pr->PrintCutOffBox.SetText("1");
+    EXPECT_EQ(1, asked);
+    EXPECT_EQ(1, c.p.IndexCount);   // Adams alone came four times
+
+    // Decision 9 arranged by level: Baker (A) before Adams (B), also after the cut-off.
+    Change(1, [](MasterRecord& r) { r.IntLevel = "B", r.Decisions = "--------X"; });
+    Change(2, [](MasterRecord& r) { r.IntLevel = "A", r.Decisions = "--------X"; });
+    c.host.ExpectBox("Do you want to arrange these decisions by Interest Level?", vbYes);
+    pr->btnSelect[9].UserClick();
+    pr->PrintCutOffBox.SetText("0");
+    EXPECT_EQ("decisions9", c.p.SortName);
+    EXPECT_EQ("Bake Adam", Line(1).substr(9, 4) + " " + Line(2).substr(9, 4));
 }
