@@ -111,6 +111,9 @@ void DateKey(E& e, R r) {
 
 void Level(E& e, R r) { e.Char(r.Level()); }
 
+// Address, last and first name in upper case, team.
+void Household(const C&, R r, E& e) { e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.Team(r); }
+
 struct KeyOf {
     std::string_view kind;
     KeyOfKind key;
@@ -175,9 +178,9 @@ const KeyOf Keys[] = {
          if (c.byLevel) Level(e, r);
          e.LongUpperPart(r);
      }},
-    {"DupAddress", [](const C&, R r, E& e) { e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.Team(r); }},
-    {"NDupAddress", [](const C&, R r, E& e) { e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.Team(r); }},
-    {"TDupAddress", [](const C&, R r, E& e) { e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.Team(r); }},
+    {"DupAddress", Household},
+    {"NDupAddress", Household},
+    {"TDupAddress", Household},
 };
 
 // An entry made by a builder, not the add-mode or unsaved mark.
