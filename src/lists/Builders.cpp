@@ -20,61 +20,25 @@ struct Ask {
     int number = 0;             // meeting, night count, decision, card limits, total
     std::string team;           // "SelWCAttend"
     std::string wanted;         // "religion"
-    bool teamFirst = false;     // "interest", "baptism", "TotalAttend" for the team reports
     bool includeF = false;      // "interest"
-    bool alphabetical = false;  // "SelWCAttend"
-    bool byLevel = false;       // "decisions"
     bool equal = false;         // "TotalAttend"
+    KeyChoices key;             // what the key hangs on besides the record
     int sabbath = 0;            // "needsabvis": the meeting of the Sabbath sermon
     std::string answers;        // what the questions were answered, kept in entry 0
     bool Cut(Rec r) const { return r.Last() > p.PrintCutOff; }
 };
 
-using Emit = void (*)(const Ask&, Rec, long, EntryBuffer&);
+using Rule = bool (*)(const Ask&, Rec);
 
 struct Kind {
     const char* name;
-    Emit emit;
+    Rule rule;
     bool keepName = false;      // entry 0 holds the kind
     bool descending = false;
+    bool eachMark = false;      // one entry for each advertising mark
 };
 
 bool Blank(std::string_view v) { return Trimmed(v).empty(); }
-
-// "0" and the first character of Attend, or Attend when it has two.
-void TwoDigitTotal(EntryBuffer& e, Rec r) {
-    if (r.Char(at::Attend + 1) != ' ') {
-        e.Text(r.Text(at::Attend, 2));
-    } else {
-        e.Char('0');
-        e.Char(r.Char(at::Attend));
-    }
-}
-
-// The appointment's day and time code, ranked so that it sorts by the hour.
-void AppointmentKey(EntryBuffer& e, Rec r) {
-    std::string_view v = Trimmed(r.Text(at::Visits, 12));
-    std::size_t a = v.find('A');
-    std::string code = a == std::string_view::npos ? std::string("AN0") : std::string(v.substr(a, 3));
-    code.resize(3, ' ');
-    static const char ranks[] = "ABCD0123456789";
-    const char* hit = std::find(ranks, ranks + 14, code[2]);
-    int rank = hit == ranks + 14 ? 99 : static_cast<int>(hit - ranks);
-    e.Text(std::string_view(code).substr(0, 2));
-    e.Char(static_cast<char>('0' + rank / 10));
-    e.Char(static_cast<char>('0' + rank % 10));
-}
-
-// mm/dd/yy, leading zeros added, as yyyymmdd.
-void DateKey(EntryBuffer& e, Rec r) {
-    std::string d(Trimmed(r.Text(at::BaptDate, 8)));
-    if (Mid(d, 2, 1) == "/") d = "0" + d;
-    if (Mid(d, 5, 1) == "/") d = Left(d, 3) + "0" + Mid(d, 4);
-    std::string yy = Mid(d, 7, 2);
-    std::string key = (yy > "50" ? "19" : "20") + yy + Left(d, 2) + Mid(d, 4, 2);
-    key.resize(8, ' ');
-    e.Text(key);
-}
 
 // The religion a person counts under: the list's own name, or "Other".
 std::string_view ReligionOf(const ProgramState& p, Rec r) {
@@ -108,171 +72,80 @@ bool MadeDecision(const ProgramState& p, Rec r, int n) {
 }
 
 const Kind Catalogue[] = {
-    {"alpha", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live()) return;
-         e.Begin(r), e.AlphaPart(r), e.End(n);
-     }, true},
-    {"alphafilter", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r), e.AlphaPart(r), e.End(n);
-     }, true},
-    {"undelete", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (r.Live() || r.Text(at::RNum, 4) == "skip") return;
-         e.Begin(r), e.AlphaPart(r), e.End(n);
-     }, true},
-    {"notes", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || Blank(r.Text(at::Notes, 150))) return;
-         e.Begin(r), e.LongPart(r), e.End(n);
-     }},
-    {"religion", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
+    {"alpha", [](const Ask&, Rec r) { return r.Live(); }, true},
+    {"alphafilter", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }, true},
+    {"undelete", [](const Ask&, Rec r) { return !r.Live() && r.Text(at::RNum, 4) != "skip"; }, true},
+    {"notes", [](const Ask&, Rec r) { return r.Live() && !Blank(r.Text(at::Notes, 150)); }},
+    {"religion", [](const Ask& a, Rec r) {
+         if (!r.Live() || !a.Cut(r)) return false;
          // The church's own members by the name itself; other wishes by the list's names.
-         if (a.wanted == "SDA") {
-             if (Trimmed(r.Text(at::RelPref, 20)) != "SDA") return;
-         } else if (!a.wanted.empty() && ReligionOf(a.p, r) != a.wanted) {
-             return;
-         }
-         e.Begin(r), e.Text(r.Text(at::RelPref, 20)), e.LongPart(r), e.End(n);
+         if (a.wanted == "SDA") return Trimmed(r.Text(at::RelPref, 20)) == "SDA";
+         return a.wanted.empty() || ReligionOf(a.p, r) == a.wanted;
      }},
-    {"needsabvis", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || a.sabbath == 0 || r.Attended(a.sabbath) <= '-' || VisitedSince(r, a.sabbath)) return;
-         e.Begin(r), e.LongPart(r), e.End(n);
+    {"needsabvis", [](const Ask& a, Rec r) {
+         return r.Live() && a.sabbath != 0 && r.Attended(a.sabbath) > '-' && !VisitedSince(r, a.sabbath);
      }},
-    {"age", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r), e.Text(r.Text(at::Age, 10)), e.LongPart(r), e.End(n);
-     }},
-    {"TotalAttend", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
+    {"age", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }},
+    {"TotalAttend", [](const Ask& a, Rec r) {
+         if (!r.Live() || !a.Cut(r)) return false;
          long total = static_cast<long>(Val(std::string(r.Text(at::Attend, 2))));
-         if (a.equal ? total != a.number : total < a.number) return;
-         e.Begin(r);
-         if (a.teamFirst) e.Team(r);
-         TwoDigitTotal(e, r), e.LongPart(r), e.End(n);
+         return a.equal ? total == a.number : total >= a.number;
      }, false, true},
-    {"attend", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r), e.AttendanceKey(r.Last()), e.LongPart(r), e.End(n);
-     }},
-    {"attendnight", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || r.Attended(a.number) == '-') return;
-         e.Begin(r), e.LongPart(r), e.End(n);
-     }},
-    {"missednight", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
+    {"attend", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }},
+    {"attendnight", [](const Ask& a, Rec r) { return r.Live() && r.Attended(a.number) != '-'; }},
+    {"missednight", [](const Ask& a, Rec r) {
          // Its own cut: Last equal to the cut-off stays.
-         if (!r.Live() || r.Last() < a.p.PrintCutOff || r.Last() > a.p.MeetingNumber - a.number) return;
-         e.Begin(r), e.LongPart(r), e.End(n);
+         return r.Live() && r.Last() >= a.p.PrintCutOff && r.Last() <= a.p.MeetingNumber - a.number;
      }},
-    {"interest", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
+    {"interest", [](const Ask& a, Rec r) {
          char l = r.Level();
-         if (!r.Live() || !(l == 'A' || l == 'B' || l == 'C' || l == 'G' || (a.includeF && l == 'F'))) return;
-         e.Begin(r);
-         if (a.teamFirst) e.Team(r);
-         e.Char(l), e.LongUpperPart(r), e.End(n);
+         return r.Live() && (l == 'A' || l == 'B' || l == 'C' || l == 'G' || (a.includeF && l == 'F'));
      }},
-    {"NoAssignedInterest", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
+    {"NoAssignedInterest", [](const Ask& a, Rec r) {
          char l = r.Level();
-         if (!r.Live() || !(l == ' ' || l == 'E') || r.Last() <= a.p.MeetingNumber - 4) return;
-         e.Begin(r), e.Char(l), e.LongUpperPart(r), e.End(n);
+         return r.Live() && (l == ' ' || l == 'E') && r.Last() > a.p.MeetingNumber - 4;
      }},
-    {"PreCrusade", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || r.Char(at::Advertising + 4) != 'P') return;
-         e.Begin(r), e.LongUpperPart(r), e.End(n);
-     }},
-    {"Advertising", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live()) return;
-         // One entry for each mark, so a person can stand here more than once.
-         for (int k = 0; k < 7; ++k) {
-             char mark = r.Char(at::Advertising + k);
-             if (mark == '.') continue;
-             e.Begin(r), e.Char(mark), e.Text(r.Text(at::LName, 20)), e.Upper(r.Text(at::FName, 3)), e.End(n);
-         }
-     }},
-    {"NeedInterview", [](const Ask&, Rec r, long n, EntryBuffer& e) {
+    {"PreCrusade", [](const Ask&, Rec r) { return r.Live() && r.Char(at::Advertising + 4) == 'P'; }},
+    // One entry for each mark, so a person can stand here more than once.
+    {"Advertising", [](const Ask&, Rec r) { return r.Live(); }, false, false, true},
+    {"NeedInterview", [](const Ask&, Rec r) {
          char l = r.Level();
-         if (!r.Live() || l < 'A' || l > 'C' || r.Int(at::Class) != 0) return;
-         e.Begin(r), e.Char(l), e.LongUpperPart(r), e.End(n);
+         return r.Live() && l >= 'A' && l <= 'C' && r.Int(at::Class) == 0;
      }},
-    {"WCNeedInterview", [](const Ask&, Rec r, long n, EntryBuffer& e) {
+    {"WCNeedInterview", [](const Ask&, Rec r) {
          char l = r.Level();
-         if (!r.Live() || l < 'A' || l > 'C' || r.Int(at::Class) != 0) return;
-         e.Begin(r), e.Team(r), e.Char(l), e.LongUpperPart(r), e.End(n);
+         return r.Live() && l >= 'A' && l <= 'C' && r.Int(at::Class) == 0;
      }},
-    {"NeedDate", [](const Ask&, Rec r, long n, EntryBuffer& e) {
+    {"NeedDate", [](const Ask&, Rec r) {
          char l = r.Level();
-         if (!r.Live() || !Blank(r.Text(at::BaptDate, 8)) || !(l == 'A' || l == 'B')) return;
-         e.Begin(r), e.Char(l), e.LongUpperPart(r), e.End(n);
+         return r.Live() && Blank(r.Text(at::BaptDate, 8)) && (l == 'A' || l == 'B');
      }},
-    {"FutureBapDateSet", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || Blank(r.Text(at::BaptDate, 8)) || r.Level() == 'G') return;
-         e.Begin(r), e.Text(r.Text(at::BaptDate, 8)), e.LongUpperPart(r), e.End(n);
+    {"FutureBapDateSet", [](const Ask&, Rec r) {
+         return r.Live() && !Blank(r.Text(at::BaptDate, 8)) && r.Level() != 'G';
      }},
-    {"InterviewRemain", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || static_cast<unsigned char>(r.Level()) >= 'D' || r.Int(at::Class) == 0 ||
-             !Blank(r.Text(at::BaptDate, 8)))
-             return;
-         e.Begin(r), AppointmentKey(e, r), e.LongUpperPart(r), e.End(n);
+    {"InterviewRemain", [](const Ask&, Rec r) {
+         return r.Live() && static_cast<unsigned char>(r.Level()) < 'D' && r.Int(at::Class) != 0 &&
+                Blank(r.Text(at::BaptDate, 8));
      }},
-    {"BaptClass", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || r.Int(at::Class) == 0) return;
-         e.Begin(r), AppointmentKey(e, r), e.LongUpperPart(r), e.End(n);
+    {"BaptClass", [](const Ask&, Rec r) { return r.Live() && r.Int(at::Class) != 0; }},
+    {"IntCard", [](const Ask& a, Rec r) {
+         if (!r.Live() || !a.Cut(r) || r.Int(at::IntFlag) != 0) return false;
+         if ((a.number & 1) && Val(std::string(r.Text(at::Attend, 2))) <= 3) return false;
+         return !((a.number & 4) && r.Text(at::WorkerCode, 2) == "00");
      }},
-    {"IntCard", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r) || r.Int(at::IntFlag) != 0) return;
-         if ((a.number & 1) && Val(std::string(r.Text(at::Attend, 2))) <= 3) return;
-         if ((a.number & 4) && r.Text(at::WorkerCode, 2) == "00") return;
-         e.Begin(r), e.Team(r), e.FullPart(r), e.End(n);
+    {"mail", [](const Ask&, Rec r) { return r.Live() && r.Int(at::MailList) != 0; }},
+    {"zip", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }},
+    {"date", [](const Ask&, Rec r) { return r.Live() && Val(std::string(r.Text(at::BaptDate, 8))) > 0; }},
+    {"map", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }},
+    {"wcattend", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }},
+    {"SelWCAttend", [](const Ask& a, Rec r) {
+         return r.Live() && a.Cut(r) && r.Text(at::WorkerCode, 2) == a.team;
      }},
-    {"mail", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || r.Int(at::MailList) == 0) return;
-         e.Begin(r), e.Text(r.Text(at::Zip, 10)), e.FullPart(r), e.End(n);
-     }},
-    {"zip", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r);
-         if (a.p.CanadaSorter) e.Text(r.Text(at::Zip, 3)), e.Text("       ");
-         else e.Text(r.Text(at::Zip, 10));
-         e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.End(n);
-     }},
-    {"date", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || Val(std::string(r.Text(at::BaptDate, 8))) <= 0) return;
-         e.Begin(r), DateKey(e, r), e.FullPart(r), e.End(n);
-     }},
-    {"map", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r), e.AttendanceKey(r.Last()), e.Team(r), e.Text(r.Text(at::MapCode, 8));
-         e.AttendanceKey(r.Last()), e.LongPart(r), e.End(n);
-     }},
-    {"wcattend", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r), e.Team(r), e.AttendanceKey(r.Last()), e.LongPart(r), e.End(n);
-     }},
-    {"SelWCAttend", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r) || r.Text(at::WorkerCode, 2) != a.team) return;
-         e.Begin(r), e.Team(r);
-         if (a.alphabetical) e.Text("000");
-         else e.AttendanceKey(r.Last());
-         e.LongPart(r), e.End(n);
-     }},
-    {"wcalpha", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r)) return;
-         e.Begin(r), e.Team(r), e.FullPart(r), e.End(n);
-     }},
-    {"baptism", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || r.Level() != 'G') return;
-         e.Begin(r);
-         if (a.teamFirst) e.Team(r);
-         e.LongUpperPart(r), e.End(n);
-     }},
-    {"marked", [](const Ask&, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || r.Int(at::MarkToVisit) == 0) return;
-         e.Begin(r), e.LongUpperPart(r), e.End(n);
-     }},
-    {"decisions", [](const Ask& a, Rec r, long n, EntryBuffer& e) {
-         if (!r.Live() || !a.Cut(r) || r.Level() == 'D' || !MadeDecision(a.p, r, a.number)) return;
-         e.Begin(r);
-         if (a.byLevel) e.Char(r.Level());
-         e.LongUpperPart(r), e.End(n);
+    {"wcalpha", [](const Ask& a, Rec r) { return r.Live() && a.Cut(r); }},
+    {"baptism", [](const Ask&, Rec r) { return r.Live() && r.Level() == 'G'; }},
+    {"marked", [](const Ask&, Rec r) { return r.Live() && r.Int(at::MarkToVisit) != 0; }},
+    {"decisions", [](const Ask& a, Rec r) {
+         return r.Live() && a.Cut(r) && r.Level() != 'D' && MadeDecision(a.p, r, a.number);
      }},
 };
 
@@ -291,7 +164,19 @@ void Run(ProgramState& p, const Kind& k, const Ask& a, const std::string& sortNa
     RememberPrior(p, k.name);
     RecordFile file(p);
     EntryBuffer e;
-    file.ForEach([&](Rec r, long n) { k.emit(a, r, n, e); });
+    const KeyOfKind key = KeyFor(k.name);
+    KeyChoices c = a.key;
+    file.ForEach([&](Rec r, long n) {
+        if (!k.rule(a, r)) return;
+        if (!k.eachMark) {
+            e.Begin(r), key(c, r, e), e.End(n);
+            return;
+        }
+        for (int m = 0; m < 7; ++m) {
+            c.mark = r.Char(at::Advertising + m);
+            if (c.mark != '.') e.Begin(r), key(c, r, e), e.End(n);
+        }
+    });
     file.LeaveLastIn(p);
     p.SortName = sortName;
     // A list of the deleted that is empty is not sorted; nothing differs for the others.
@@ -323,7 +208,8 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
     Ask a(p);
     a.number = number;
     a.wanted = option;
-    a.teamFirst = Has(option, "TC");
+    a.key.teamFirst = Has(option, "TC");
+    a.key.canada = p.CanadaSorter;
     std::string sortName = kind;
     // Level F counts when the preview's "Include 'F'" box is checked.
     if (kind == "interest") a.includeF = Has(option, "F") || p.IncludeFLevel;
@@ -335,8 +221,8 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
         sortName += TwoDigits(a.number);
     } else if (kind == "SelWCAttend") {
         // The option may carry the team itself ("00" has no number), and the order behind it.
-        a.alphabetical = Right(option, 2) == "Al";
-        const bool order = a.alphabetical || Right(option, 2) == "At";
+        a.key.alphabetical = Right(option, 2) == "Al";
+        const bool order = a.key.alphabetical || Right(option, 2) == "At";
         std::string given = order ? Left(option, static_cast<long>(option.size()) - 2) : option;
         if (team.empty()) team = given;
         a.team = !team.empty() ? team : number > 0 ? TwoDigits(number) : AskTeamCode(p);
@@ -346,8 +232,8 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
     } else if (kind == "decisions") {
         if (number == 0 && (a.number = AskDecision(p)) == 0) return false;
         if (a.number < 1 || a.number > 9) return false;
-        a.byLevel = option == "IL" || (option.empty() && a.number == 9 && AskArrangeByLevel(p));
-        a.answers = a.byLevel ? "IL" : "Al";
+        a.key.byLevel = option == "IL" || (option.empty() && a.number == 9 && AskArrangeByLevel(p));
+        a.answers = a.key.byLevel ? "IL" : "Al";
         sortName += CStr(a.number);
     } else if (kind == "IntCard") {
         if (number == 0) a.number = AskCardLimits(p);
@@ -363,7 +249,7 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
         }
         if (number > 0) p.FilterTotalAttend = number;
         a.number = p.FilterTotalAttend;
-        a.answers = std::string(a.equal ? "equal" : "atleast") + (a.teamFirst ? "TC" : "");
+        a.answers = std::string(a.equal ? "equal" : "atleast") + (a.key.teamFirst ? "TC" : "");
     } else if (kind == "needsabvis") {
         a.sabbath = SabbathMeeting(p);
     }

@@ -27,9 +27,10 @@ void BuildHouseholds(ProgramState& p, const std::string& kind, bool mailMark) {
     RememberPrior(p, kind);
     RecordFile file(p);
     EntryBuffer e;
+    const KeyOfKind key = KeyFor("DupAddress");
     file.ForEach([&](Rec r, long n) {
         if (!r.Live() || !HasAddress(r)) return;
-        e.Begin(r), e.Upper(r.Text(at::Address, 30)), e.FullPart(r), e.Team(r);
+        e.Begin(r), key(KeyChoices(), r, e);
         if (mailMark) e.Text(r.Int(at::MailList) != 0 ? "M0000" : "N0000");
         e.End(n);
     });

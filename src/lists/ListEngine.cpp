@@ -38,59 +38,13 @@ void RecordFile::LeaveLastIn(ProgramState& p) const {
     if (last_ >= 0) p.MasterRec = DecodeRecord(bytes_.data() + last_ * RecordLength);
 }
 
-void EntryBuffer::Upper(std::string_view t) {
-    // One table lookup a character: the names are most of every entry.
-    static const std::array<char, 256> upper = [] {
-        std::array<char, 256> a{};
-        for (int c = 0; c < 256; ++c) a[static_cast<std::size_t>(c)] = vb::UCaseChar(static_cast<char>(c));
-        return a;
-    }();
-    std::size_t at = e_.size();
-    e_.resize(at + t.size());
-    for (std::size_t i = 0; i < t.size(); ++i) e_[at + i] = upper[static_cast<unsigned char>(t[i])];
-}
-
 void EntryBuffer::End(long n) {
-    char ptr[4] = {' ', ' ', ' ', ' '};
-    for (int k = 3; k >= 0 && n > 0; --k, n /= 10) ptr[k] = static_cast<char>('0' + n % 10);
-    e_.append(ptr, 4);
+    Pointer(n);
     if (count_ == 0) len_ = e_.size();
     // Every piece is of fixed width, so this holds; kept so a slip can't shift the list.
     e_.resize(len_, ' ');
     buf_.append(e_);
     ++count_;
-}
-
-void EntryBuffer::AlphaPart(Rec r) {
-    Upper(r.Text(at::LName, 5));
-    Upper(r.Text(at::FName, 2));
-}
-
-void EntryBuffer::LongPart(Rec r) {
-    Upper(r.Text(at::LName, 20));
-    Text(r.Text(at::FName, 3));
-}
-
-void EntryBuffer::LongUpperPart(Rec r) {
-    Upper(r.Text(at::LName, 20));
-    Upper(r.Text(at::FName, 3));
-}
-
-void EntryBuffer::FullPart(Rec r) {
-    Upper(r.Text(at::LName, 20));
-    Upper(r.Text(at::FName, 20));
-}
-
-void EntryBuffer::AttendanceKey(int last) {
-    long v = 9999L - last;
-    if (v >= 0) {
-        v %= 1000;
-        Char(static_cast<char>('0' + v / 100));
-        Char(static_cast<char>('0' + v / 10 % 10));
-        Char(static_cast<char>('0' + v % 10));
-    } else {
-        Text(vb::Right("000" + vb::Trim(vb::CStr(v)), 3));
-    }
 }
 
 void EntryBuffer::Store(ProgramState& p, const std::string& entry0, bool sort, bool descending) const {

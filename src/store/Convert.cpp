@@ -20,8 +20,7 @@ void Take(FixedText<N>& field, const char*& p) {
 }
 
 std::int16_t Int16(const char*& p) {
-    auto v = static_cast<std::int16_t>(static_cast<std::uint16_t>(static_cast<unsigned char>(p[0]) |
-                                                                  (static_cast<unsigned char>(p[1]) << 8)));
+    std::int16_t v = RecordLayout::GetInt16(p);
     p += 2;
     return v;
 }

@@ -12,9 +12,7 @@ struct Writer {
         p += N;
     }
     void int16(std::int16_t v) {
-        auto u = static_cast<std::uint16_t>(v);
-        p[0] = static_cast<char>(u & 0xFF);
-        p[1] = static_cast<char>(u >> 8);
+        RecordLayout::PutInt16(p, v);
         p += 2;
     }
 };
@@ -27,8 +25,7 @@ struct Reader {
         p += N;
     }
     void int16(std::int16_t& v) {
-        auto lo = static_cast<unsigned char>(p[0]), hi = static_cast<unsigned char>(p[1]);
-        v = static_cast<std::int16_t>(static_cast<std::uint16_t>(lo | (hi << 8)));
+        v = RecordLayout::GetInt16(p);
         p += 2;
     }
 };

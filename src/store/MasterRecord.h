@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/vb/Strings.h"
+#include "store/RecordLayout.h"
 
 // Fixed-width text as the file holds it: assignment pads with blanks or cuts.
 template <std::size_t N>
@@ -29,7 +30,7 @@ private:
 };
 
 struct MasterRecord {
-    static constexpr int Length = 461;
+    static constexpr int Length = static_cast<int>(RecordLayout::Length);
 
     FixedText<4> RNum;
     FixedText<20> FName;
@@ -63,13 +64,6 @@ struct MasterRecord {
 };
 
 using RecordBytes = std::array<char, MasterRecord::Length>;
-
-// Where the fields a whole-file pass reads stand in the 461 bytes, for passes
-// that work on the bytes without decoding every field.
-namespace RecordAt {
-constexpr std::size_t RNum = 0, FName = 4, LName = 24, Address = 44, Zip = 96, Age = 118, WorkerCode = 181,
-                      Notes = 183, Attendance = 333, Attend = 373, Last = 375, Decisions = 379, IntFlag = 409;
-}
 
 // Byte-exact: Decode(Encode(r)) == r and Encode(Decode(b)) == b.
 RecordBytes EncodeRecord(const MasterRecord& r);

@@ -12,19 +12,9 @@ void OpenRecordFile(ProgramState& p) {
     p.RecordCount = p.File1.RecordCount();
 }
 
-bool GetRecord(ProgramState& p, long n) {
-    MasterRecord cleared;
-    p.MasterRec = cleared;
-    char buf[ProgramState::RecLen];
-    bool ok = p.File1.Get(n, buf);
-    if (ok) p.MasterRec = DecodeRecord(buf);
-    return ok;
-}
+bool GetRecord(ProgramState& p, long n) { return RecordLayout::Read(p.File1, n, p.MasterRec); }
 
-void PutRecord(ProgramState& p, long n) {
-    RecordBytes b = EncodeRecord(p.MasterRec);
-    p.File1.Put(n, b.data());
-}
+void PutRecord(ProgramState& p, long n) { RecordLayout::Write(p.File1, n, p.MasterRec); }
 
 std::string NextRNum(ProgramState& p) {
     long before = p.LastRNum;

@@ -56,11 +56,7 @@ struct Field {
 
 Field At(char* rec, std::size_t offset, std::size_t width) { return {rec + offset, width}; }
 
-void PutInt16(char* at, std::int16_t v) {
-    auto u = static_cast<std::uint16_t>(v);
-    at[0] = static_cast<char>(u & 0xFF);
-    at[1] = static_cast<char>(u >> 8);
-}
+using RecordLayout::PutInt16;
 
 bool IsPlaceholder(char* rec) {
     return At(rec, RecordAt::FName, 20).Trimmed().empty() && At(rec, RecordAt::LName, 20).Trimmed() == "Unknown" &&
