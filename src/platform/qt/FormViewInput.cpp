@@ -13,8 +13,6 @@
 #include <QPushButton>
 #include <QTextBlock>
 
-#include <utility>
-
 #include "platform/qt/FormView.h"
 #include "platform/qt/QtHost.h"
 
