@@ -246,7 +246,12 @@ void EditForm::RNum_GotFocus() {
 
 void EditForm::RNum_LostFocus() {
     FieldLostFocus(RNum);
-    if (p.ScratchText == "StopImport" || (RNum.Text() == OpenRNum && !p.AddMode)) {
+    // The word is taken here and cleared. It counts only while the press that
+    // left it is still under way: a word left by a press that left another box
+    // would let the next number through unchecked, letters and duplicates too.
+    const bool stopImport = p.ScratchText == "StopImport" && (btnSaveExit.Pressed() || btnCancelNew.Pressed());
+    if (p.ScratchText == "StopImport") p.ScratchText.clear();
+    if (stopImport || (RNum.Text() == OpenRNum && !p.AddMode)) {
         p.ScratchText.clear();
         return;
     }

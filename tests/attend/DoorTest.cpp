@@ -87,7 +87,6 @@ TEST_F(Door, AStackOfTicketsIsMarkedAndWritten) {
             a.DecA[0].UserMouseDown(vbLeftButton, 0, 0, 0);
             for (int i = 0; i <= 8; ++i) ASSERT_FALSE(a.DecA[i].Value());
         } else if (s.decA >= 0) {
-            a.DecA[s.decA].UserMouseDown(vbLeftButton, 0, 0, 0);
             a.DecA[s.decA].UserClick();
         }
         for (int answer : s.answers) c.host.ExpectBox("Is this the Correct Name?", answer, "Searching for Last Name");
@@ -181,9 +180,7 @@ TEST_F(Door, TheCorrectionDialogRefusesAndFills) {
         c.host.ExpectBox("Do you want to erase the attendance record", host::vbYes);
         u.btnClearAttend.UserClick();
         EXPECT_EQ(Att("--3"), u.Attendance.Text());
-        u.optAtDe[5].UserMouseDown(vbLeftButton, 0, 0, 0);
         u.optAtDe[5].UserClick();
-        u.optAtDe[5].UserMouseUp(vbLeftButton, 0, 0, 0);
         u.ATD[1].UserClick();
         EXPECT_EQ(Att("-B3"), u.Attendance.Text());
         u.ExitAttendUpdate.UserClick();

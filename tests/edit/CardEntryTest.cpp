@@ -1,6 +1,8 @@
 // The card driven as the operator drives it: focus moves, keys, boxes answered.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "edit/CardCrusade.h"
 #include "edit/EditForm.h"
 #include "store/Meetings.h"
@@ -310,4 +312,31 @@ TEST_F(CardEntry, MeetingNumberTestsAndTheMeetingBox) {
     e.RNum.SetFocus();
     EXPECT_EQ(&e.MtgNum, e.ActiveControl());
     EXPECT_EQ("7", e.MtgNum.Text());
+}
+
+TEST_F(CardEntry, ExitButtonsPressedFromTheNumberBoxSkipItsCheckOnlyForThatPress) {
+    // Cancel and Exit clicked on a blank card: leaving the number box draws no number.
+    StartAdding();
+    ASSERT_TRUE(e.RNum.HasFocus());
+    c.host.ExpectBox("You are exiting this record without saving it.", host::vbYes, "Exit Add Mode");
+    e.btnCancelNew.UserClick();
+    c.host.Verify();
+    EXPECT_EQ(std::make_tuple(100, false, std::string()), std::make_tuple(p.LastRNum, p.AddMode, p.ScratchText));
+
+    // A word left behind by a press that left another box (Save and Exit pressed
+    // from the name) must not wave the next number through.
+    struct Row { std::string typed, box; };
+    const Row rows[] = {
+        {"12a", "You entered << 12a >> for the Registration Number."},
+        {"2", "0002 is a duplicate record number"},
+    };
+    const std::string own = e.RNum.Text();
+    for (const Row& r : rows) {
+        TypeIn(e.RNum, r.typed);
+        p.ScratchText = "StopImport";
+        c.host.ExpectBox(r.box);
+        e.FName.SetFocus();
+        c.host.Verify();
+        EXPECT_EQ(std::make_tuple(own, std::string()), std::make_tuple(e.RNum.Text(), p.ScratchText)) << r.typed;
+    }
 }

@@ -67,10 +67,7 @@ TEST_F(Codes, Advertising) {
 }
 
 TEST_F(Codes, DecisionsInterestAndBaptism) {
-    auto unite = [&] {
-        e.Dec[8].UserClick();
-        e.Dec[8].UserMouseUp(vbLeftButton, 0, 0, 0);
-    };
+    auto unite = [&] { e.Dec[8].UserClick(); };
     struct Row { std::string level, want; };
     for (const Row& r : std::vector<Row>{{"A", "A"}, {"", "B"}, {"C", "B"}, {"G", "G"}}) {
         e.IntLevel.SetText(r.level);

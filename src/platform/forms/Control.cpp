@@ -114,9 +114,9 @@ void Control::SetSelLength(int n) {
 
 std::string Control::SelText() const { return text_.substr(selStart_, selLength_); }
 
-void Control::SetValue(int v) {
+bool Control::StoreValue(int v) {
     if (kind_ == Kind::OptionButton) v = v ? -1 : 0;
-    if (value_ == v) return;
+    if (value_ == v) return false;
     value_ = v;
     if (kind_ == Kind::OptionButton && v) {
         // One option of a container is on at a time.
@@ -127,11 +127,16 @@ void Control::SetValue(int v) {
             }
     }
     Changed(Prop::Value);
+    return true;
+}
+
+void Control::SetValue(int v) {
+    if (!StoreValue(v)) return;
     if (kind_ == Kind::HScrollBar || kind_ == Kind::VScrollBar) {
         Fire(Change);
         return;
     }
-    if (kind_ != Kind::OptionButton || v) Fire(Click);
+    if (kind_ != Kind::OptionButton || value_) Fire(Click);
 }
 
 void Control::SetListIndex(int i) {
@@ -204,17 +209,47 @@ void Control::SetFocus() {
 
 bool Control::HasFocus() const { return owner_.ActiveControl() == this; }
 
-void Control::UserClick() {
-    if (!enabled_) return;
-    switch (kind_) {
-    case Kind::CheckBox: SetValue(value_ == vbChecked ? vbUnchecked : vbChecked); break;
-    case Kind::OptionButton:
-        if (value_) Fire(Click);
-        else SetValue(-1);
-        break;
-    default: Fire(Click);
-    }
+void Control::ClickValue() {
+    if (kind_ == Kind::CheckBox) StoreValue(value_ == vbChecked ? vbUnchecked : vbChecked);
+    else if (kind_ == Kind::OptionButton) StoreValue(-1);
 }
+
+void Control::UserClick() {
+    if (kind_ == Kind::Menu) {
+        if (enabled_) Fire(Click);
+        return;
+    }
+    UserPress(vbLeftButton, 0, 0, 0, CanFocus());
+    UserRelease(vbLeftButton, 0, 0, 0, true);
+}
+
+void Control::UserPress(int button, int shift, float x, float y, bool takeFocus) {
+    if (!enabled_) return;
+    owner_.SetPressed(this);
+    if (MouseDown) MouseDown(button, shift, x, y);
+    // A word the MouseDown leaves reaches the LostFocus of the box being left.
+    if (takeFocus && enabled_) SetFocus();
+}
+
+void Control::UserRelease(int button, int shift, float x, float y, bool clicked) {
+    struct Done {
+        Form& f;
+        ~Done() { f.SetPressed(nullptr); }
+    } done{owner_};
+    if (!enabled_) return;
+    // MouseUp reads the state after the click.
+    if (clicked) ClickValue();
+    if (MouseUp) MouseUp(button, shift, x, y);
+    if (clicked && enabled_) Fire(Click);
+}
+
+void Control::UserKeyClick() {
+    if (!enabled_) return;
+    ClickValue();
+    Fire(Click);
+}
+
+bool Control::Pressed() const { return owner_.PressedControl() == this; }
 
 void Control::UserDblClick() { if (enabled_) Fire(DblClick); }
 

@@ -186,10 +186,25 @@ public:
     std::function<void(int Button, int Shift, float X, float Y)> MouseDown, MouseUp;
 
     // Entry points for a view and for tests: the operator did something.
-    void UserClick();                        // buttons, menus; check boxes toggle, options turn on
+    // A click with the left button, in the old runtime's order, which the rules
+    // rely on: MouseDown; the focus comes here when the control takes it
+    // (LostFocus of the box left, then GotFocus); a check box toggles, an option
+    // turns on; MouseUp; Click. A menu entry only clicks.
+    void UserClick();
+    // The two halves of a click, for a view that sees them apart. The press moves
+    // the focus when takeFocus; the release changes the value and clicks when
+    // clicked (let go over the control).
+    void UserPress(int button, int shift, float x, float y, bool takeFocus = true);
+    void UserRelease(int button, int shift, float x, float y, bool clicked);
+    // Space or Enter on the control with the focus: the value changes and Click
+    // fires, with no mouse events.
+    void UserKeyClick();
+    // Between the press on this control and the end of its release.
+    bool Pressed() const;
     void UserDblClick();
     void UserTyped(const std::string& text, int selStart);   // the box's text after an edit
     void UserSelect(int selStart, int selLength);
+    // A lone MouseDown or MouseUp, with nothing else of a click.
     void UserMouseDown(int button, int shift, float x, float y);
     void UserMouseUp(int button, int shift, float x, float y);
     void UserListIndex(int i);
@@ -201,6 +216,10 @@ public:
 
 private:
     void Changed(Prop p);
+    // Stores a value and tells the view; true when it changed. No event.
+    bool StoreValue(int v);
+    // The value a click gives: a check box toggles, an option turns on.
+    void ClickValue();
 
     Form& owner_;
     Kind kind_;

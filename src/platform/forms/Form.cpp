@@ -60,6 +60,7 @@ bool Form::Unload() {
     loaded_ = false;
     visible_ = false;
     active_ = nullptr;
+    pressed_ = nullptr;
     host_.UnloadForm(*this);
     host_.ForgetForm(this);
     return true;
@@ -75,6 +76,7 @@ void Form::Register(Control* c) {
 
 void Form::Deregister(Control* c) {
     if (active_ == c) active_ = nullptr;
+    if (pressed_ == c) pressed_ = nullptr;
     if (observer_) observer_->ControlRemoved(*c);
     controls_.erase(std::remove(controls_.begin(), controls_.end(), c), controls_.end());
 }

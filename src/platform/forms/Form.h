@@ -64,6 +64,9 @@ public:
     // A LostFocus handler that moves the focus itself wins.
     void SetFocusTo(Control* c);
     Control* NextInTabOrder(Control* from, bool backwards = false) const;
+    // The control a mouse button went down on, until its release is handled.
+    Control* PressedControl() const { return pressed_; }
+    void SetPressed(Control* c) { pressed_ = c; }
 
     // Keyboard routing. KeyPreview sends keys to the form first. A handler that
     // sets the code to 0 swallows the key: the return is then false.
@@ -107,6 +110,7 @@ private:
     bool loaded_ = false, visible_ = false;
     std::vector<Control*> controls_;
     Control* active_ = nullptr;
+    Control* pressed_ = nullptr;
     FormObserver* observer_ = nullptr;
     int nextTabIndex_ = 0;
 };

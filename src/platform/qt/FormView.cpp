@@ -285,6 +285,15 @@ void FormView::Act(const QObject* part, const std::function<void(Control&)>& f, 
     if (resync) Resync(part);
 }
 
+void FormView::Clicked(const QObject* button) {
+    // A click of the mouse reaches the model from the release, in the runtime's order.
+    if (releasing_ && ControlOf(button) == releasing_) {
+        releaseClicked_ = true;
+        return;
+    }
+    Act(button, [](Control& ctl) { ctl.UserKeyClick(); });
+}
+
 void FormView::Resync(const QObject* part) {
     if (!form_) return;
     Control* c = ControlOf(part);   // the handler may have unloaded it
@@ -348,13 +357,13 @@ QWidget* FormView::Make(Control& c) {
     case Kind::CommandButton: {
         auto* b = new QPushButton(content_);
         b->setAutoDefault(false);
-        connect(b, &QPushButton::clicked, b, [this, b] { Act(b, [](Control& ctl) { ctl.UserClick(); }); });
+        connect(b, &QPushButton::clicked, b, [this, b] { Clicked(b); });
         w = b;
         break;
     }
     case Kind::CheckBox: {
         auto* b = new QCheckBox(content_);
-        connect(b, &QCheckBox::clicked, b, [this, b] { Act(b, [](Control& ctl) { ctl.UserClick(); }); });
+        connect(b, &QCheckBox::clicked, b, [this, b] { Clicked(b); });
         w = b;
         break;
     }
@@ -362,7 +371,7 @@ QWidget* FormView::Make(Control& c) {
         auto* b = new QRadioButton(content_);
         // The model turns the other options of the container off.
         b->setAutoExclusive(false);
-        connect(b, &QRadioButton::clicked, b, [this, b] { Act(b, [](Control& ctl) { ctl.UserClick(); }); });
+        connect(b, &QRadioButton::clicked, b, [this, b] { Clicked(b); });
         w = b;
         break;
     }
@@ -753,6 +762,7 @@ void FormView::ControlAdded(Control& c) {
 
 void FormView::ControlRemoved(Control& c) {
     if (!form_) return;
+    if (mouseFocus_ == &c) mouseFocus_ = nullptr;
     auto it = items_.find(&c);
     if (it == items_.end()) return;
     Item item = it->second;

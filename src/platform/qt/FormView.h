@@ -77,6 +77,9 @@ private:
     QString PicturePath(const std::string& name) const;
     // After the operator acted on a control, the widget shows what the model made of it.
     void Resync(const QObject* part);
+    // A button, check box or option clicked: by the mouse (handed over at the
+    // release) or from the keyboard.
+    void Clicked(const QObject* button);
 
     // Menus (FormViewMenus.cpp).
     void RebuildMenus();
@@ -89,6 +92,7 @@ private:
     bool KeyRelease(forms::Control* target, QKeyEvent* e);
     void FocusIn(QObject* watched, QFocusEvent* e);
     bool Mouse(QObject* watched, QMouseEvent* e);
+    bool Release(QObject* watched, QMouseEvent* e, forms::Control* c, int button, int shift, float x, float y);
     bool IsKeyTarget(QObject* watched) const;
     void Reinject(QObject* watched, int keyAscii);
 
@@ -116,6 +120,12 @@ private:
     bool reinjecting_ = false;  // a key a KeyPress handler changed is on its way to the widget
     std::set<int> swallowed_;   // keys whose KeyDown was swallowed: no KeyUp either
     std::set<int> held_;        // keys pressed while this window had them, not yet let go
+    // Qt moves the focus before a press reaches the control; the model hears of
+    // the move from the press, after the control's MouseDown.
+    forms::Control* mouseFocus_ = nullptr;
+    // A release the widget is handling now, and whether it clicked.
+    forms::Control* releasing_ = nullptr;
+    bool releaseClicked_ = false;
     const QEvent* lastMouse_ = nullptr;
     int lastMouseType_ = 0;
     quint64 lastMouseTime_ = 0;

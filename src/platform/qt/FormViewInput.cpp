@@ -1,6 +1,8 @@
 // What the operator does to a form's window, handed to the model: keys through
 // the form's routing (KeyDown, KeyPress, KeyUp, Tab by the model's own order),
 // focus moves between controls, mouse buttons, activation and the close box.
+#include <utility>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFocusEvent>
@@ -291,7 +293,45 @@ void FormView::FocusIn(QObject* watched, QFocusEvent* e) {
     if (focusing_ || applying_ || IsWindowChange(e->reason())) return;
     Control* c = ControlOf(watched);
     if (!c || form_->ActiveControl() == c) return;
+    if (e->reason() == Qt::MouseFocusReason) {
+        // The press that moved it is on its way: the model moves the focus
+        // after the control's MouseDown. A press that never reaches a control
+        // (a box's own scroll bar) moves it on the next turn of the loop.
+        mouseFocus_ = c;
+        QMetaObject::invokeMethod(this, [this] {
+            Control* pending = std::exchange(mouseFocus_, nullptr);
+            if (form_ && pending) host_.Call([&] { form_->SetFocusTo(pending); });
+        }, Qt::QueuedConnection);
+        return;
+    }
+    mouseFocus_ = nullptr;
     host_.Call([&] { form_->SetFocusTo(c); });
+}
+
+bool FormView::Release(QObject* watched, QMouseEvent* e, Control* c, int button, int shift, float x, float y) {
+    const Kind kind = c->kind();
+    bool clicked = false;
+    if (button == forms::vbLeftButton && (kind == Kind::CommandButton || kind == Kind::CheckBox || kind == Kind::OptionButton)) {
+        // Qt toggles and clicks inside the release; the model must see the
+        // value change, then MouseUp, then Click. The widget has the release
+        // first (it comes back here as one already seen), and only then the model.
+        releasing_ = c;
+        releaseClicked_ = false;
+        QCoreApplication::sendEvent(watched, e);
+        releasing_ = nullptr;
+        clicked = releaseClicked_;
+    } else if (Passive(kind) || kind == Kind::TextBox) {
+        // A text box clicks too (the attendance boxes open their dialog on a click).
+        QWidget* w = WidgetOf(*c);
+        clicked = button == forms::vbLeftButton && w && w->rect().contains(w->mapFromGlobal(e->globalPosition()).toPoint());
+    } else {
+        host_.Call([&] { c->UserRelease(button, shift, x, y, false); });
+        return false;
+    }
+    if (Control* still = ControlOf(watched)) host_.Call([&] { still->UserRelease(button, shift, x, y, clicked); });
+    if (kind == Kind::TextBox || Passive(kind)) return Passive(kind);
+    Resync(watched);
+    return true;
 }
 
 bool FormView::Mouse(QObject* watched, QMouseEvent* e) {
@@ -331,16 +371,14 @@ bool FormView::Mouse(QObject* watched, QMouseEvent* e) {
     QPointF p = w->mapFromGlobal(e->globalPosition());
     const float x = static_cast<float>(p.x() * forms::TwipsPerPixel), y = static_cast<float>(p.y() * forms::TwipsPerPixel);
     switch (e->type()) {
-    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonPress: {
         if (auto* pe = qobject_cast<QPlainTextEdit*>(w); pe && c->FixedPitch) Measure(*c, pe);
-        host_.Call([&] { c->UserMouseDown(button, shift, x, y); });
+        const bool focus = mouseFocus_ == c;
+        if (focus) mouseFocus_ = nullptr;
+        host_.Call([&] { c->UserPress(button, shift, x, y, focus); });
         break;
-    case QEvent::MouseButtonRelease:
-        host_.Call([&] { c->UserMouseUp(button, shift, x, y); });
-        // A text box clicks too (the attendance boxes open their dialog on a click).
-        if ((Passive(kind) || kind == Kind::TextBox) && button == forms::vbLeftButton && w->rect().contains(p.toPoint()))
-            if (Control* still = ControlOf(watched)) host_.Call([still] { still->UserClick(); });
-        break;
+    }
+    case QEvent::MouseButtonRelease: return Release(watched, e, c, button, shift, x, y);
     case QEvent::MouseButtonDblClick: host_.Call([&] { c->UserDblClick(); }); break;
     default: break;
     }

@@ -148,3 +148,45 @@ TEST_F(FormModel, ActivateFiresOnceForTheFormThatComesForward) {
     EXPECT_EQ((std::vector<std::string>{"Activate"}), f.log);
     EXPECT_EQ((std::vector<std::string>{"Activate", "Deactivate"}), other.log);
 }
+
+TEST_F(FormModel, AClickComesInTheOrderTheRulesReadIt) {
+    // Every event says what the rules could read then: the value, and who is being pressed.
+    auto pressed = [this] { return f.PressedControl() ? f.PressedControl()->Name() : std::string("-"); };
+    std::vector<Control*> all{&f.A, &f.Go, &f.Caption, &f.One, &f.Dec[0]};
+    for (Control* c : all) {
+        std::string n = c->Name();
+        c->GotFocus = [this, n] { f.log.push_back("Got " + n); };
+        c->LostFocus = [this, n, pressed] { f.log.push_back("Lost " + n + " " + pressed()); };
+        c->MouseDown = [this, n, c](int b, int, float, float) {
+            f.log.push_back("Down " + n + " " + std::to_string(b) + " " + std::to_string(c->Value()));
+        };
+        c->MouseUp = [this, n, c](int, int, float, float) { f.log.push_back("Up " + n + " " + std::to_string(c->Value())); };
+        c->Click = [this, n, c] { f.log.push_back("Click " + n + " " + std::to_string(c->Value())); };
+    }
+    struct Case { Control* target; bool enabled; std::vector<std::string> log; };
+    const Case cases[] = {
+        {&f.Go, true, {"Down Go 1 0", "Lost A Go", "Got Go", "Up Go 0", "Click Go 0"}},
+        {&f.Dec[0], true, {"Down Dec 1 0", "Lost A Dec", "Got Dec", "Up Dec 1", "Click Dec 1"}},
+        {&f.Dec[0], true, {"Down Dec 1 1", "Lost A Dec", "Got Dec", "Up Dec 0", "Click Dec 0"}},
+        {&f.One, true, {"Down One 1 0", "Lost A One", "Got One", "Up One -1", "Click One -1"}},
+        {&f.One, true, {"Down One 1 -1", "Lost A One", "Got One", "Up One -1", "Click One -1"}},
+        // A label takes no focus; a disabled control hears nothing.
+        {&f.Caption, true, {"Down Caption 1 0", "Up Caption 0", "Click Caption 0"}},
+        {&f.Go, false, {}},
+    };
+    for (const Case& k : cases) {
+        f.A.SetFocus();
+        k.target->SetEnabled(k.enabled);
+        f.log.clear();
+        k.target->UserClick();
+        EXPECT_EQ(k.log, f.log) << k.target->Name();
+        EXPECT_EQ(nullptr, f.PressedControl()) << k.target->Name();
+        k.target->SetEnabled(true);
+    }
+
+    // From the keyboard a check box changes and clicks, with no mouse events and no focus move.
+    f.A.SetFocus();
+    f.log.clear();
+    f.Dec[0].UserKeyClick();
+    EXPECT_EQ((std::vector<std::string>{"Click Dec 1"}), f.log);
+}

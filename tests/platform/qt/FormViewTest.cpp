@@ -405,10 +405,53 @@ TEST_F(FormViewTest, OperatorClicksReachTheModelOnceAndModelChangesDoNotEcho) {
     EXPECT_EQ(0, bar->currentIndex());
 
     View()->ActionOf(f.mnuOpen)->trigger();
-    EXPECT_EQ((std::vector<std::string>{"Lost Name", "MouseDown btnGo 1", "Click btnGo", "MouseDown btnGo 2",
+    EXPECT_EQ((std::vector<std::string>{"MouseDown btnGo 1", "Lost Name", "Click btnGo", "MouseDown btnGo 2",
                                         "Click chkMail", "Click chkMail", "Click lblName", "Click lstNames",
                                         "Click tabs", "Click tabs", "Click mnuOpen"}),
               f.log);
+}
+
+TEST_F(FormViewTest, PressAndReleaseReachTheModelInTheRuntimesOrder) {
+    Card& f = ShowCard();
+    // What the handlers could read at each event: the value, and who is being pressed.
+    auto pressed = [&f] { return f.PressedControl() ? " " + f.PressedControl()->Name() : std::string(); };
+    f.Name.LostFocus = [&f, pressed] { f.log.push_back("Lost Name" + pressed()); };
+    for (Control* c : std::initializer_list<Control*>{&f.btnGo, &f.chkMail, &f.optPhone}) {
+        const std::string n = c->Name();
+        auto value = [c] { return " " + std::to_string(c->Value()); };
+        c->MouseDown = [&f, n, value](int, int, float, float) { f.log.push_back("Down " + n + value()); };
+        c->MouseUp = [&f, n, value](int, int, float, float) { f.log.push_back("Up " + n + value()); };
+        c->Click = [&f, n, value] { f.log.push_back("Click " + n + value()); };
+        c->GotFocus = [&f, n] { f.log.push_back("Got " + n); };
+    }
+    using Log = std::vector<std::string>;
+    struct Case { Control* target; Log press, release; };
+    const Case cases[] = {
+        {&f.btnGo, {"Down btnGo 0", "Lost Name btnGo", "Got btnGo"}, {"Up btnGo 0", "Click btnGo 0"}},
+        {&f.chkMail, {"Down chkMail 0", "Lost Name chkMail", "Got chkMail"}, {"Up chkMail 1", "Click chkMail 1"}},
+        {&f.chkMail, {"Down chkMail 1", "Lost Name chkMail", "Got chkMail"}, {"Up chkMail 0", "Click chkMail 0"}},
+        {&f.optPhone, {"Down optPhone 0", "Lost Name optPhone", "Got optPhone"}, {"Up optPhone -1", "Click optPhone -1"}},
+    };
+    for (const Case& k : cases) {
+        f.Name.SetFocus();
+        QApplication::processEvents();
+        f.log.clear();
+        QWidget* w = View()->WidgetOf(*k.target);
+        QTest::mousePress(w, Qt::LeftButton);
+        EXPECT_EQ(k.press, f.log) << k.target->Name();
+        f.log.clear();
+        QTest::mouseRelease(w, Qt::LeftButton);
+        EXPECT_EQ(k.release, f.log) << k.target->Name();
+        EXPECT_EQ(nullptr, f.PressedControl());
+        EXPECT_EQ(w, QApplication::focusWidget());
+    }
+    EXPECT_EQ(std::make_tuple(vbUnchecked, false), std::make_tuple(f.chkMail.Value(), W<QCheckBox>(f.chkMail)->isChecked()));
+
+    // The keyboard clicks with no mouse events.
+    f.chkMail.SetFocus();
+    f.log.clear();
+    QTest::keyClick(W<QCheckBox>(f.chkMail), Qt::Key_Space);
+    EXPECT_EQ((Log{"Click chkMail 1"}), f.log);
 }
 
 TEST_F(FormViewTest, AModalFormHoldsItsCallerAndAnErrorInItIsShown) {
@@ -428,7 +471,7 @@ TEST_F(FormViewTest, AModalFormHoldsItsCallerAndAnErrorInItIsShown) {
     EXPECT_TRUE(error.contains("53") && error.contains("File not found")) << error.toStdString();
     EXPECT_FALSE(ask->Loaded());
     // The form beneath is active again.
-    EXPECT_EQ((std::vector<std::string>{"Lost Name", "MouseDown btnGo 1", "Activate Card", "after modal yes"}), f.log);
+    EXPECT_EQ((std::vector<std::string>{"MouseDown btnGo 1", "Lost Name", "Activate Card", "after modal yes"}), f.log);
     EXPECT_EQ(&f, host->ActiveForm());
 }
 
