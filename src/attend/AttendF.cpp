@@ -141,7 +141,6 @@ void AttendF::Layout() {
 
 void AttendF::Wire() {
     SearchBox.KeyDown = [this](int& k, int s) { SearchBox_KeyDown(k, s); };
-    SearchBox.KeyPress = [this](int& k) { SearchBox_KeyPress(k); };
     MtgNum.KeyPress = [this](int& k) { MtgNum_KeyPress(k); };
     MtgNum.LostFocus = [this] { MtgNum_LostFocus(); };
     btnVscrollUp.Click = [this] { btnVscrollUp_Click(); };
@@ -194,6 +193,10 @@ void AttendF::Wire() {
 
 void AttendF::Form_Load() {
     EntryMeeting = static_cast<int>(Val(p.ScratchValue));
+    p.ScratchValue.clear();
+    // Just opened: no dialog of this screen is coming back, and no search of it left a word.
+    if (p.CallerForm == "attendupdate" || p.CallerForm == "Appointment") p.CallerForm.clear();
+    if (p.ScratchText == "NotFound") p.ScratchText.clear();
     if (p.MeetingNumber == 0) p.MeetingNumber = 1;
     SavedMeetingNumber = p.MeetingNumber;
     if (EntryMeeting > p.MeetingNumber) p.MeetingNumber = EntryMeeting;
@@ -260,7 +263,10 @@ void AttendF::ShowRecord() {
     Put(State, r.State);
     Put(Zip, r.Zip);
     Put(Phone, r.Phone);
-    if (p.ScratchText != "NotFound") {
+    // The word quiets only the showing it was left for.
+    const bool quiet = p.ScratchText == "NotFound";
+    if (quiet) p.ScratchText.clear();
+    if (!quiet) {
         if (RTrim(r.Phone) == "Unknown") {
             // Ask the person for a number while he is still at the table.
             Phone.SetForeColor(vbWhite);

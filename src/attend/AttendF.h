@@ -28,7 +28,6 @@ public:
     void Decisions();
 
     void SearchBox_KeyDown(int& KeyCode, int Shift);
-    void SearchBox_KeyPress(int& KeyAscii);
     void MtgNum_KeyPress(int& KeyAscii);
     void MtgNum_LostFocus();
     void btnVscrollUp_Click();

@@ -64,11 +64,6 @@ void AttendF::SearchBox_KeyDown(int& KeyCode, int) {
     }
 }
 
-void AttendF::SearchBox_KeyPress(int& KeyAscii) {
-    // The hyphen walks the list on the edit screen; here it does nothing.
-    if (KeyAscii == '-') KeyAscii = 0;
-}
-
 void AttendF::EnterTicket() {
     const std::string raw = SearchBox.Text();
     if (p.IndexCount == 0) {
@@ -231,7 +226,9 @@ void AttendF::ClearPendingDecision() {
 }
 
 void AttendF::DecA_MouseDown(int Index, int, int, float, float) {
+    // Set or cleared at every press: a press that never became a click leaves no word for the next.
     if (DecA[Index].Value()) p.ScratchText = "ClearButton";
+    else if (p.ScratchText == "ClearButton") p.ScratchText.clear();
     for (int i = 0; i <= 8; ++i) DecA[i].SetValue(false);
     PendingDecision = "-";
 }
@@ -436,7 +433,10 @@ void AttendF::btnGlobal_Click() {
         int a = p.host.MsgBox(line + nl + RTrim(r.Address) + ", " + RTrim(r.City) + ", " + RTrim(r.Phone) + nl + nl +
                                   "Is this the correct name?",
                               host::vbYesNoCancel, "Global Search for: " + answer);
-        if (a == host::vbCancel) break;
+        if (a == host::vbCancel) {
+            show(shown);   // the operator stopped the search: nothing to tell him
+            return;
+        }
         if (a != host::vbYes) continue;
         int at = FindByRecord(p, n);
         if (at == 0) {

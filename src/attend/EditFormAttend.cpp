@@ -7,6 +7,7 @@
 #include "lists/Lists.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"
+#include "reports/PrintReports.h"
 #include "store/Meetings.h"
 
 using namespace forms;
@@ -14,7 +15,11 @@ using namespace vb;
 
 void EditForm::WireDoorScreens() {
     mnuAttendUpdate.Click = [this] { mnuAttendUpdate_Click(); };
-    btnAttend.Click = [this] { mnuAttendUpdate_Click(); };
+    btnAttend.Click = [this] {
+        // A preview left open over the door would mark whoever stands at its lines after the rebuild.
+        if (p.ReportsLoaded()) p.Reports().Unload();
+        mnuAttendUpdate_Click();
+    };
     Attendance.Click = [this] { Attendance_Click(); };
     Class.MouseUp = [this](int b, int s, float x, float y) { Class_MouseUp(b, s, x, y); };
     // The desktop toggles the box on the click after the mouse-up: the dialog's choice stands.

@@ -21,7 +21,7 @@ const char* const PressRedShowAll =
 // The number a double click on the caption hands to the menu entry it reruns.
 int TakeHandedNumber(ProgramState& p) {
     int n = IsNumeric(p.ScratchValue) ? static_cast<int>(Val(p.ScratchValue)) : 0;
-    if (n != 0) p.ScratchValue.clear();
+    p.ScratchValue.clear();
     return n;
 }
 }  // namespace
@@ -42,8 +42,15 @@ void EditForm::WireFilters() {
     mnuSelTeamCode.Click = [this] { mnuSelTeamCode_Click(); };
     mnuWCAlpha.Click = [this] { mnuWCAlpha_Click(); };
     mnuAttendFilter.Click = [this] { mnuAttendFilter_Click(); };
-    mnuFilterSelMtg.Click = [this] { mnuFilterSelMtg_Click(); };
-    mnuFilterMissedMtgs.Click = [this] { mnuFilterMissedMtgs_Click(); };
+    // Picked from the menu nobody hands a number: a word left by another routine is not for these.
+    mnuFilterSelMtg.Click = [this] {
+        p.ScratchValue.clear();
+        mnuFilterSelMtg_Click();
+    };
+    mnuFilterMissedMtgs.Click = [this] {
+        p.ScratchValue.clear();
+        mnuFilterMissedMtgs_Click();
+    };
     mnuTotalAttend.Click = [this] { mnuTotalAttend_Click(); };
     mnuAdvFilter.Click = [this] { mnuAdvFilter_Click(); };
     mnuAgeFilter.Click = [this] { mnuAgeFilter_Click(); };
@@ -176,8 +183,8 @@ void EditForm::mnuAddressFilter_Click() {
 
 void EditForm::mnuDecisionsFilter_Click() {
     if (p.AddMode) return;
-    int n = TakeHandedNumber(p);
-    if (n == 0) n = lists::AskDecision(p);
+    // The decision is always chosen in the dialog, which opens on the one set before.
+    int n = lists::AskDecision(p);
     if (n < 1 || n > 9) return;
     std::string option = n == 9 && lists::AskArrangeByLevel(p) ? "IL" : "Al";
     StartFilter({"decisions", n, option, p.DecisionNames[n], {&Dec[n - 1]},

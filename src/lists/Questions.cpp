@@ -79,7 +79,10 @@ int AskCardLimits(Program& p) {
 std::string AskTotalAttend(Program& p) {
     p.ScratchValue = "cancel";
     p.Filters().Show(true);
-    return p.ScratchValue;
+    std::string how = p.ScratchValue;
+    // "equal" stays for the title of the report that printed the list; a "cancel" is taken here.
+    if (how == "cancel") p.ScratchValue.clear();
+    return how;
 }
 
 }  // namespace lists

@@ -220,6 +220,7 @@ void InterestCard2x4(Program& p) {
                                vbYesNo) == vbYes;
     } else if (IsNumeric(p.ScratchValue)) {
         const int v = static_cast<int>(Val(p.ScratchValue));
+        p.ScratchValue.clear();
         active = (v & 1) != 0;
         onTeam = v - (v & 1) == 4;
     }

@@ -51,7 +51,9 @@ bool BuildForCode(Program& p, int code) {
     case 13: built = build("TotalAttend"); break;
     default: built = build("wcalpha"); break;
     }
-    if (!built || p.ScratchValue == "cancel") return false;
+    // A builder says itself when the operator backed out; a "cancel" lying in the
+    // shared word may be left by some other dialog.
+    if (!built) return false;
     // The meeting and total builders go back to all names when nobody is left.
     const bool fellBack = (code == 12 || code == 13) && p.SortName == "alpha";
     if (p.IndexCount == 0 || fellBack) {

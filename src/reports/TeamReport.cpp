@@ -26,7 +26,7 @@ constexpr float PageLimit = 24.9f;
 bool BuildForCode(Program& p, int code) {
     switch (code) {
     case 1: return lists::BuildList(p, "wcalpha");
-    case 5: return lists::BuildList(p, "TotalAttend", 0, "TC") && p.ScratchValue != "cancel";
+    case 5: return lists::BuildList(p, "TotalAttend", 0, "TC");
     case 6: return lists::BuildList(p, "baptism", 0, "TC");
     case 7: return lists::BuildList(p, "interest", 0, "TC");
     case 8: return lists::BuildList(p, "WCNeedInterview");

@@ -228,3 +228,76 @@ TEST_F(Door, CorrectionsOnTheCardFollowTheEditScreensRulesAndReachTheDisk) {
     EXPECT_EQ(std::make_tuple(std::string("G"), std::string("05/23/09"), Att("1-3")),
               std::make_tuple(RTrim(m.IntLevel), RTrim(m.BaptDate), m.Attendance.str()));
 }
+
+TEST(DoorStart, TheMeetingOpenedRaisesTheCounterAndClosingNeverLowersIt) {
+    struct Case { int counter; std::string entry; bool skipQuestion; int opened; };
+    const Case cases[] = {{3, "4", false, 4}, {3, "6", true, 6}, {5, "2", false, 5}, {0, "1", false, 1}};
+    for (const Case& k : cases) {
+        SCOPED_TRACE(k.entry);
+        TestCrusade c;
+        EditForm& e = c.ShowOnEditScreen({MakePerson("0012", "Ann", "Baker"), MakePerson("0100", "Bob", "Bell")});
+        c.p.MeetingNumber = k.counter;
+        c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", k.entry);
+        if (k.skipQuestion) c.host.ExpectBox("Is this what you want to do?", host::vbYes);
+        e.btnAttend.UserClick();
+        ASSERT_TRUE(c.p.AttendLoaded());
+        EXPECT_EQ(k.opened, c.p.MeetingNumber);
+        EXPECT_EQ(k.entry, c.p.Attend().MtgNum.Text());
+        c.p.Attend().Exit.UserClick();
+        EXPECT_EQ(k.opened, c.p.MeetingNumber);
+        c.host.Verify();
+    }
+}
+
+TEST(DoorStart, ThePreviewClosesBeforeTheDoorOpens) {
+    TestCrusade c;
+    EditForm& e = c.ShowOnEditScreen({MakePerson("0012", "Ann", "Baker"), MakePerson("0100", "Bob", "Bell"),
+                                      MakePerson("0101", "Cy", "Adams")});
+    c.p.MeetingNumber = 3;
+    e.btnViewFile.UserClick();
+    ASSERT_TRUE(c.p.ReportsLoaded());
+    // Left open, a click on one of its lines would mark whoever the rebuilt list put there.
+    c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", "3");
+    e.btnAttend.UserClick();
+    EXPECT_FALSE(c.p.ReportsLoaded());
+    EXPECT_TRUE(c.p.AttendLoaded());
+    EXPECT_EQ("alpha", c.p.SortName);
+    c.host.Verify();
+}
+
+TEST_F(Door, LiveComesBackWheneverTheScreenIsActiveAgain) {
+    a.optVid[1].UserClick();
+    c.host.OnModal("AttendFieldUpdate",
+                   [](Form& f) { static_cast<AttendFieldUpdate&>(f).CancelAttendUpdate.UserClick(); });
+    a.Attendance.UserClick();
+    c.p.host.ActivateForm(&a);   // back from the dialog
+    EXPECT_TRUE(a.optVid[0].Value());
+    Key("0012");
+    EXPECT_EQ(Att("1-3"), c.ReadRecord(1).Attendance.str());
+}
+
+TEST_F(Door, LeavingHandsNoMeetingToTheNextRoutine) {
+    a.PressKey(vbKeyEscape);
+    // The handler a double click on the caption reruns reads a handed number; none was handed.
+    c.host.ExpectInput("Select a Meeting to View", "");
+    c.p.Edit().mnuFilterSelMtg_Click();
+    EXPECT_EQ("alpha", c.p.SortName);
+}
+
+TEST_F(Door, TheSearchBoxTakesAHyphenAndGlobalSearchIsQuietAfterCancel) {
+    a.SearchBox.SetFocus();
+    a.TypeText("12-34");
+    EXPECT_EQ("12-34", a.SearchBox.Text());
+    a.SearchBox.SetText("");
+    const std::string ask = "You can search for all or part of the First Name";
+    const long shown = c.p.RecordPos;
+    struct Case { int answer; bool said; };
+    for (const Case& k : {Case{host::vbCancel, false}, Case{host::vbNo, true}}) {
+        c.host.ExpectInput(ask, "bell");
+        c.host.ExpectBox("Is this the correct name?", k.answer, "Global Search for: bell");
+        if (k.said) c.host.ExpectBox("Search item: bell- not found");
+        a.btnGlobal.UserClick();
+        c.host.Verify();
+        EXPECT_EQ(shown, c.p.RecordPos) << k.answer;
+    }
+}
