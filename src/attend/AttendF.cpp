@@ -169,13 +169,8 @@ void AttendF::Wire() {
     BaptDate.KeyDown = [this](int& k, int s) { BaptDate_KeyDown(k, s); };
     BaptDate.DblClick = [this] { BaptDate_DblClick(); };
     BaptDate.LostFocus = [this] { BaptDate.SetText(PadDate(BaptDate.Text())); };
-    // The desktop toggles the box on the click after the mouse-up: the dialog's choice stands.
-    Class.MouseDown = [this](int, int, float, float) { pendingClass_ = -1; };
-    Class.Click = [this] {
-        int v = pendingClass_;
-        pendingClass_ = -1;
-        if (!showing_ && v >= 0 && Class.Value() != v) Class.SetValue(v);
-    };
+    // The press comes before the box turns: what it showed is what a Cancel puts back.
+    Class.MouseDown = [this](int, int, float, float) { classAtPress_ = Class.Value(); };
     // A warning colour lasts until the box is left.
     Phone.LostFocus = [this] {
         Phone.SetForeColor(vbWindowText);

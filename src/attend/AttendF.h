@@ -151,7 +151,7 @@ private:
     void ClearPendingDecision();
     void ChangeMeeting(int m);
     std::string openRNum_;
-    int pendingClass_ = -1;
+    int classAtPress_ = -1;
     int goodMeeting_ = 0;     // the last meeting the box held that was one
     bool showing_ = false;   // boxes filled from the record: no rule runs
     long notesWarnedAt_ = -1;

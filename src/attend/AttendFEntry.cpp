@@ -486,8 +486,7 @@ void AttendF::EnterPrayerFromAttend() {
 }
 
 void AttendF::Class_MouseUp(int, int, float, float) {
-    p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()));
-    pendingClass_ = Class.Value();
+    p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()), classAtPress_);
 }
 
 void AttendF::IntLevel_Change() {

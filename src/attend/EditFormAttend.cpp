@@ -22,17 +22,16 @@ void EditForm::WireDoorScreens() {
     };
     Attendance.Click = [this] { Attendance_Click(); };
     Class.MouseUp = [this](int b, int s, float x, float y) { Class_MouseUp(b, s, x, y); };
-    // The desktop toggles the box on the click after the mouse-up: the dialog's choice stands.
-    Class.MouseDown = [this](int, int, float, float) { PendingClass = -1; };
-    Class.Click = [this] {
-        int v = PendingClass;
-        PendingClass = -1;
-        if (v >= 0 && Class.Value() != v) Class.SetValue(v);
-    };
+    // The press comes before the box turns: what it showed is what a Cancel puts back.
+    Class.MouseDown = [this](int, int, float, float) { ClassAtPress = Class.Value(); };
     mnuDeleteRecord.Click = [this] { mnuDeleteRecord_Click(); };
     btnDelete.Click = [this] { btnDelete_Click(); };
     btnSDA.Click = [this] { btnSDA_Click(); };
     btnSDA.MouseUp = [this](int b, int s, float x, float y) { btnSDA_MouseUp(b, s, x, y); };
+    // "right click" is for the click of the same press; a new press finds none of its own.
+    btnSDA.MouseDown = [this](int, int, float, float) {
+        if (p.ScratchValue == "right click") p.ScratchValue.clear();
+    };
     munUndeleteRec.Click = [this] { munUndeleteRec_Click(); };
     btnUndelete.Click = [this] { btnUndelete_Click(); };
     btnPrayer.Click = [this] { EnterPrayer(); };

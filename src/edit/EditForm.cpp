@@ -81,7 +81,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     mnuAddRecords.Click = [this] { mnuAddRecords_Click(); };
     btnAddName.Click = [this] { mnuAddRecords_Click(); };
     btnSaveNew.Click = [this] { btnSaveNew_Click(); };
-    btnSaveExit.Click = [this] { btnSaveExit_Click(); };
+    btnSaveExit.Click = [this] { btnSaveExit_Click(); DropExitWords(); };
     btnCancelNew.MouseDown = [this](int, int, float, float) { p.ScratchText = "StopImport"; };
     btnSaveExit.MouseDown = [this](int, int, float, float) { p.ScratchText = "StopImport"; };
     mnuCopy.Click = [this] { if (SaveChanges()) CopyCurrentRecord(); };
@@ -266,7 +266,7 @@ void EditForm::Wire() {
     mnuAbout.Click = [this] { mnuAbout_Click(); };
     mnuExit.Click = [this] { mnuExit_Click(); };
     mnuEditMode.Click = [this] { mnuEditMode_Click(); };
-    btnCancelNew.Click = [this] { btnCancelNew_Click(); };
+    btnCancelNew.Click = [this] { btnCancelNew_Click(); DropExitWords(); };
     mnuChgCr.Click = [this] { mnuChgCr_Click(); };
     mnuNewCr.Click = [this] { mnuNewCr_Click(); };
     mnuRecentFile.Click = [this](int i) { mnuRecentFile_Click(i); };
@@ -313,4 +313,12 @@ void EditForm::AddVisibility() {
     for (int i = 0; i <= 3; ++i) ChgRec[i].SetVisible(false);
     SetBarButtons(false);
     SetTopMenus(false);
+}
+
+void EditForm::DropExitWords() {
+    // "dontexit" is for the closing of the screen, and "StopImport" for the number box the
+    // press left: after a click on the button itself neither has a reader left, and a word
+    // lying there would swallow the next move.
+    if (p.ScratchValue == "dontexit") p.ScratchValue.clear();
+    if (p.ScratchText == "StopImport") p.ScratchText.clear();
 }

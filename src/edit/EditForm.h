@@ -148,7 +148,8 @@ public:
     void Form_KeyDown(int& KeyCode, int Shift) override;
     void WireDoorScreens();
     std::string DeleteTitle;     // tells a delete from a move to the member file
-    int PendingClass = -1;       // Class as the appointment dialog left it, against the click that follows
+    void DropExitWords();
+    int ClassAtPress = -1;       // Class before the click that opens the appointment dialog
 
     // The preview: the View Reports entries, the interest cards, and editing one
     // person of the preview's list.

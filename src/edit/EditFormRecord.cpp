@@ -23,8 +23,6 @@ void Put(Control& box, FixedText<N>& field) {
 
 void EditForm::ShowRecord() {
     MasterRecord& r = p.MasterRec;
-    // A click the toolkit never delivered must not tick this person's Class box.
-    PendingClass = -1;
     NotesWarnedAt = -1;   // the Notes caution comes once per visit
     Put(FName, r.FName);
     Put(LName, r.LName);

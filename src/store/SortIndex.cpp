@@ -459,6 +459,7 @@ void CountZips(ProgramState& p) {
 
 bool FullLoadPass(ProgramState& p) {
     bool clearFlag = p.ScratchValue == "ClearFlag";
+    if (clearFlag) p.ScratchValue.clear();
     BusyPointer busy(p.host);
     // Every way out leaves the list empty or whole, never half built.
     p.SortIndex.assign(1, "alpha");

@@ -63,9 +63,11 @@ AppointmentFm::AppointmentFm(ProgramState& prog) : Form(prog.host, "AppointmentF
     btnCancelApt.Click = [this] { btnCancelApt_Click(); };
 }
 
-void AppointmentFm::ShowFor(Control& visits, Control& cls, const std::string& name) {
+void AppointmentFm::ShowFor(Control& visits, Control& cls, const std::string& name, int classBefore) {
     visits_ = &visits;
     class_ = &cls;
+    classBefore_ = classBefore;
+    saved_ = false;
     WorkingVisits = RTrim(visits.Text());
     lblAptName.SetCaption(name);
     for (int i = 0; i < 7; ++i) optAptDay[i].SetValue(false);
@@ -86,6 +88,8 @@ void AppointmentFm::ShowFor(Control& visits, Control& cls, const std::string& na
     }
     ShowChoice();
     Show(true);
+    // Cancel, or the window closed: nothing changes, the box included.
+    if (!saved_ && class_ && classBefore_ >= 0) class_->SetValue(classBefore_);
 }
 
 std::string AppointmentFm::Code() const {
@@ -131,6 +135,7 @@ void AppointmentFm::btnSave_Click() {
     if (WorkingVisits.size() > 12) WorkingVisits = Right(WorkingVisits, 12);
     if (class_) class_->SetValue(code.empty() ? vbUnchecked : vbChecked);
     if (visits_) visits_->SetText(WorkingVisits);
+    saved_ = true;
     Unload();
 }
 
@@ -154,6 +159,5 @@ void AppointmentFm::btnCancelApt_Click() {
 }
 
 void EditForm::Class_MouseUp(int, int, float, float) {
-    p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()));
-    PendingClass = Class.Value();
+    p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()), ClassAtPress);
 }

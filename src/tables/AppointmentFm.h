@@ -14,8 +14,10 @@ class AppointmentFm : public forms::Form {
 public:
     explicit AppointmentFm(ProgramState& p);
 
-    // Opens modally over the screen whose Visits and Class boxes are given.
-    void ShowFor(forms::Control& visits, forms::Control& cls, const std::string& name);
+    // Opens modally over the screen whose Visits and Class boxes are given. The click that
+    // opened it has already turned the Class box; classBefore is its value before that click,
+    // put back when the dialog closes without a Save.
+    void ShowFor(forms::Control& visits, forms::Control& cls, const std::string& name, int classBefore);
     // The three characters the options make; empty when nothing is chosen, "?" when only one side is.
     std::string Code() const;
 
@@ -43,4 +45,6 @@ private:
     void ShowChoice();
     forms::Control* visits_ = nullptr;
     forms::Control* class_ = nullptr;
+    int classBefore_ = -1;
+    bool saved_ = false;
 };

@@ -61,6 +61,7 @@ TEST_F(DeleteAndRestore, AMoveLeavesADeletedRecordAndAMemberLine) {
     c.host.ExpectBox("         0100  Bob Bell\r\nand add the name and number to the SDA members File.", host::vbYes,
                        MoveTitle, host::vbYesNo);
     c.host.ExpectBox("INTEREST file?\r\nand add it to the SDA MEMBER File?", host::vbYes, MoveTitle);
+    p.ScratchValue = "right click";   // left by a right press whose click never came
     e.btnSDA.UserClick();
     EXPECT_EQ(std::make_tuple(std::string("##"), 7, std::string()),
               std::make_tuple(c.ReadRecord(2).WorkerCode.str(), p.IndexCount, e.DeleteTitle));
@@ -121,8 +122,8 @@ TEST_F(Appointment, ClicksMakeTheCodeInVisits) {
         {"h01h02h03h04", 1, 8, false, "h02h03h04A24", vbChecked, ""},  // the oldest visit falls off
         {"h07", -1, -1, true, "h07A00", vbChecked, ""},
         {"h07A24m08", -1, -1, false, "h07m08", vbUnchecked, ""},       // nothing chosen: no appointment
-        // The click unticked the box before the dialog opened; Cancel changes nothing more.
-        {"h07", 3, -1, false, "h07", vbUnchecked, "Choose both a day and a time"},
+        // The click unticked the box before the dialog opened; Cancel puts it back.
+        {"h07", 3, -1, false, "h07", vbChecked, "Choose both a day and a time"},
     };
     for (const Row& r : rows) {
         e.Visits.SetText(r.before);

@@ -339,4 +339,14 @@ TEST_F(CardEntry, ExitButtonsPressedFromTheNumberBoxSkipItsCheckOnlyForThatPress
         c.host.Verify();
         EXPECT_EQ(std::make_tuple(own, std::string()), std::make_tuple(e.RNum.Text(), p.ScratchText)) << r.typed;
     }
+
+    // Pressed from another box and answered No: the card stays, and neither word is left
+    // for a later number box or move.
+    StartAdding();
+    e.FName.SetFocus();
+    c.host.ExpectBox("You are exiting this record without saving it.", host::vbNo, "Exit Add Mode");
+    e.btnCancelNew.UserClick();
+    c.host.Verify();
+    EXPECT_EQ(std::make_tuple(true, std::string(), std::string()),
+              std::make_tuple(p.AddMode, p.ScratchText, p.ScratchValue));
 }

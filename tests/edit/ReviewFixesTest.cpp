@@ -29,11 +29,10 @@ protected:
         e.OpenRNum = e.RNum.Text();
     }
     RecordBytes Disk(long n) const { return EncodeRecord(c.ReadRecord(n)); }
-    // Opens the appointment dialog from the Class box; the script closes it. No click follows.
+    // Opens the appointment dialog by a click on the Class box; the script closes it.
     void Appointment(std::function<void(AppointmentFm&)> script) {
         c.host.OnModal("AppointmentFm", [script](Form& f) { script(static_cast<AppointmentFm&>(f)); });
-        e.Class.UserMouseDown(vbLeftButton, 0, 0, 0);
-        e.Class.UserMouseUp(vbLeftButton, 0, 0, 0);
+        e.Class.UserClick();
     }
 };
 }  // namespace
@@ -184,13 +183,14 @@ TEST_F(Review, CancelOfTheAppointmentKeepsWhatTheScreenHolds) {
     p.CallerForm = "edit";   // no earlier Save has left its word
     e.Notes.SetText("Typed, not saved yet");
     e.Visits.SetText("h01");
+    const int classBefore = e.Class.Value();
     Appointment([](AppointmentFm& a) {
         a.optAptDay[2].SetValue(true);
         a.btnCancelApt.UserClick();
     });
     e.Form_Activate();   // the screen comes back to the front
-    EXPECT_EQ(std::make_tuple(std::string("Typed, not saved yet"), std::string("h01"), std::string("edit")),
-              std::make_tuple(e.Notes.Text(), e.Visits.Text(), p.CallerForm));
+    EXPECT_EQ(std::make_tuple(std::string("Typed, not saved yet"), std::string("h01"), std::string("edit"), classBefore),
+              std::make_tuple(e.Notes.Text(), e.Visits.Text(), p.CallerForm, e.Class.Value()));
 
     // Erasing asks in the words given for it.
     e.Visits.SetText("h01A24");
