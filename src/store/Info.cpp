@@ -33,7 +33,7 @@ struct LenientReader {
     bool Str(std::string& out) {
         if (failed) return false;
         try {
-            out = in.InputString();
+            out = in.InputStringOnLine();
             return true;
         } catch (const RuntimeError&) {
             failed = true;
@@ -99,6 +99,21 @@ void Overwrites(ProgramState& p) {
     p.TeamNames[0] = "Unassigned:";
 }
 
+// A registration number as Print # writes it: digits between blanks, 0 to 9999.
+bool SoundNumber(const std::string& text, long& out) {
+    const std::string t = Trim(text);
+    if (t.empty() || t.size() > 4 || t.find_first_not_of("0123456789") != std::string::npos) return false;
+    out = std::stol(t);
+    return true;
+}
+
+// Print # would end the line inside a value and shift every line after it.
+std::string OneLine(std::string s) {
+    for (char& ch : s)
+        if (ch == '\r' || ch == '\n') ch = ' ';
+    return s;
+}
+
 std::string BaseName(const std::string& dataFile) {
     std::string name = FileNameOf(dataFile);
     return Left(name, static_cast<long>(name.size()) - 4);
@@ -124,6 +139,11 @@ void LoadInfo(ProgramState& p) {
     p.PrintCutOff = 0;
     p.CanadaSorter = false;
 
+    // Until the file says otherwise the numbering is taken from the records
+    // when they are opened: a restart at 9999 would hand out numbers in use.
+    p.LastRNumUnread = true;
+    p.DirectionUnread = true;
+
     LenientReader r;
     try {
         r.in.Open(path);
@@ -131,12 +151,18 @@ void LoadInfo(ProgramState& p) {
         Overwrites(p);   // no information file: the defaults stand
         return;
     }
-    std::string line1, version;
+    std::string line1, version, rnum, direction;
     if (r.Str(line1)) p.CrusadeName = line1;
     r.Str(p.CrusadeDate);
     r.Int(p.MeetingNumber);
-    r.Int(p.LastRNum);
-    r.Str(p.NumberDirection);
+    if (r.Str(rnum) && SoundNumber(rnum, p.LastRNum)) p.LastRNumUnread = false;
+    if (r.Str(direction)) {
+        direction = UCase(Trim(direction));
+        if (direction == "UP" || direction == "DOWN") {
+            p.NumberDirection = direction;
+            p.DirectionUnread = false;
+        }
+    }
     r.Str(p.BackupPath);
     r.Int(p.FilterTotalAttend);
     r.Int(p.PrintCutOff);
@@ -179,25 +205,25 @@ bool SaveInfo(ProgramState& p) {
     TextWriter w;
     try {
         w.Open(path, TextWriter::Mode::Output, true);
-        w.PrintLine(p.CrusadeName + (p.CanadaSorter ? "*Canada" : ""));
-        w.PrintLine(p.CrusadeDate);
+        w.PrintLine(OneLine(p.CrusadeName + (p.CanadaSorter ? "*Canada" : "")));
+        w.PrintLine(OneLine(p.CrusadeDate));
         w.PrintLine(Str(p.MeetingNumber));
         w.PrintLine(p.LastRNum);
-        w.PrintLine(p.NumberDirection);
-        w.PrintLine(p.BackupPath);
+        w.PrintLine(OneLine(p.NumberDirection));
+        w.PrintLine(OneLine(p.BackupPath));
         w.PrintLine(static_cast<long>(p.FilterTotalAttend));
         w.PrintLine(static_cast<long>(p.PrintCutOff));
         w.PrintLine(RunningVersionLine());
-        for (int i = 1; i <= 40; ++i) w.PrintLine(p.TeamNames[i]);
+        for (int i = 1; i <= 40; ++i) w.PrintLine(OneLine(p.TeamNames[i]));
         for (int i = 1; i <= 4; ++i) w.PrintLine(static_cast<long>(p.SabAM[i]));
-        for (int i = 1; i <= 8; ++i) w.PrintLine(p.DecisionNames[i]);
-        for (int i = 1; i <= 15; ++i) w.PrintLine(p.ReligionList[i]);
+        for (int i = 1; i <= 8; ++i) w.PrintLine(OneLine(p.DecisionNames[i]));
+        for (int i = 1; i <= 15; ++i) w.PrintLine(OneLine(p.ReligionList[i]));
         for (int i = 0; i < 7; ++i) w.PrintLine("Blank");
         std::string codes;
         for (int i = 1; i <= 9; ++i) codes += p.DecisionCodes[i];
-        w.PrintLine(codes);
+        w.PrintLine(OneLine(codes));
         for (int i = 0; i < 7; ++i) w.PrintLine("Blank");
-        for (int i = 1; i <= 40; ++i) w.PrintLine(p.SermonTitles[i]);
+        for (int i = 1; i <= 40; ++i) w.PrintLine(OneLine(p.SermonTitles[i]));
         w.PrintLine(p.SoundOn);
         w.PrintLine(FormatDate(p.host.Now(), ""));
         w.Close();

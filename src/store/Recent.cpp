@@ -1,10 +1,8 @@
 #include "store/Recent.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "platform/vb/Files.h"
-#include "platform/vb/Strings.h"
 #include "store/State.h"
 
 namespace {
@@ -15,10 +13,15 @@ const char* const Section = "Recent Files";
 
 int RecentKeyNumber(const std::string& key) {
     if (key.rfind("RecentFile", 0) != 0) return 0;
-    double n = vb::Val(key.substr(10));
+    const std::string digits = key.substr(10);
+    // Only the key this program writes counts: "RecentFile1e" or "RecentFile01"
+    // taken as 1 would push the crusade just opened out of the first place.
+    if (digits.empty() || digits.size() > 5 || digits[0] == '0' ||
+        digits.find_first_not_of("0123456789") != std::string::npos)
+        return 0;
+    const int n = std::stoi(digits);
     // A number no menu could hold is a damaged key, as any other key.
-    if (!std::isfinite(n) || n < 1 || n > 32767) return 0;
-    return static_cast<int>(n);
+    return n <= 32767 ? n : 0;
 }
 
 std::vector<std::pair<std::string, std::string>> RecentFiles(ProgramState& p) {

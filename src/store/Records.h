@@ -5,12 +5,14 @@
 struct ProgramState;
 
 // Opens DataFile as file number 1 and sets RecordCount (a partial tail record is ignored).
+// A numbering the information file could not give is taken from the records.
 void OpenRecordFile(ProgramState& p);
 // Reads record n into MasterRec after clearing it; false past the end of the file.
 bool GetRecord(ProgramState& p, long n);
-// Writes MasterRec to record n.
+// Writes MasterRec to record n; a record file gone from its place is offered back first.
 void PutRecord(ProgramState& p, long n);
-// Draws the next registration number and rewrites the information file at once.
+// Draws the next registration number, passing over numbers the list holds, and
+// rewrites the information file at once.
 // Empty, with LastRNum as it was, when that file could not be written (the
 // operator has been told): no number is handed out unless it is saved.
 [[nodiscard]] std::string NextRNum(ProgramState& p);

@@ -57,6 +57,10 @@ struct ProgramState {
     int MeetingNumber = 1;
     long LastRNum = 9999;
     std::string NumberDirection = "DOWN";
+    // Set when the information file gave no sound number or direction: opening
+    // the record file then takes them from the numbers in use.
+    bool LastRNumUnread = false;
+    bool DirectionUnread = false;
     std::string BackupPath;
     int FilterTotalAttend = 1;
     int PrintCutOff = 0;

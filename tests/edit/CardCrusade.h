@@ -20,7 +20,11 @@ protected:
         for (const auto& person : People) recs.push_back(MakePerson(person[0], person[1], person[2]));
         return recs;
     }
-    explicit CardCrusade(const std::vector<MasterRecord>& people = Eight()) : e(c.ShowOnEditScreen(people)) {}
+    // No information file is written: numbers are set as a new one gives them, downwards from 9999.
+    explicit CardCrusade(const std::vector<MasterRecord>& people = Eight()) : e(c.ShowOnEditScreen(people)) {
+        p.LastRNum = 9999;
+        p.NumberDirection = "DOWN";
+    }
 
     TestCrusade c;
     EditForm& e;

@@ -93,7 +93,8 @@ TEST_F(InfoFile, ACommaInTheNameShiftsEveryLineAfterIt) {
     // The version line moves down one field too, so the file reads as an old one.
     c.host.ExpectBox("older version", host::vbOK).ExpectBox("Conversion Complete.");
     LoadInfo(p);
-    EXPECT_EQ((std::vector<std::string>{"Smith", "Jones", "9999 "}),
+    // The numbering is guarded: a direction that is not one reads as the default.
+    EXPECT_EQ((std::vector<std::string>{"Smith", "Jones", "DOWN"}),
               (std::vector<std::string>{p.CrusadeName, p.CrusadeDate, p.NumberDirection}));
     EXPECT_EQ(3, p.MeetingNumber);   // the date line, by its numeric prefix
     EXPECT_EQ(4, p.LastRNum);
@@ -121,13 +122,14 @@ TEST_F(InfoFile, OlderLayoutsAndAFileCutShort) {
                                         p.ReligionList[2], p.DecisionCodes[1], p.DecisionCodes[2], p.DecisionCodes[4],
                                         p.DecisionCodes[8], p.SermonTitles[1], p.SermonTitles[2], p.LastUpdated}));
 
-    // Cut short after the teams: the rest stays at the defaults; letters where numbers belong read as 0.
+    // Cut short after the teams: the rest stays at the defaults; letters where numbers belong read as 0,
+    // but for the registration number, which waits for the records (none here) at its default.
     std::vector<std::string> shortLines = {"Short", "today", "abc", "xyz", "UP", "", "1", "0", "version 2.5.0",
                                            "Team A:1"};
     c.WriteFile(p.CrusadeFile("inf"), Join(shortLines));
     LoadInfo(p);
     EXPECT_EQ(0, p.MeetingNumber);
-    EXPECT_EQ(0, p.LastRNum);
+    EXPECT_EQ(9999, p.LastRNum);
     EXPECT_EQ((std::vector<std::string>{"Short", "Team A:1", "Team #  2", "Keep Sabbath"}),
               (std::vector<std::string>{p.CrusadeName, p.TeamNames[1], p.TeamNames[2], p.DecisionNames[3]}));
 }

@@ -189,16 +189,21 @@ bool TextReader::Eof() const {
     return left == 2 && data_[pos_] == '\r' && data_[pos_ + 1] == '\n';
 }
 
-std::string TextReader::InputString() {
+std::string TextReader::InputString() { return Field(true); }
+
+std::string TextReader::InputStringOnLine() { return Field(false); }
+
+std::string TextReader::Field(bool quoteCrossesLines) {
     if (Eof()) Raise(errInputPastEnd);
     const std::size_t size = data_.size();
     while (pos_ < size && (data_[pos_] == ' ' || data_[pos_] == '\t')) ++pos_;
     std::string field;
     if (pos_ < size && data_[pos_] == '"') {
-        const std::size_t close = data_.find('"', pos_ + 1);
+        const std::size_t close =
+            quoteCrossesLines ? data_.find('"', pos_ + 1) : data_.find_first_of("\"\r\n", pos_ + 1);
         const std::size_t end = close == std::string::npos ? size : close;
         field = data_.substr(pos_ + 1, end - pos_ - 1);
-        pos_ = std::min(end + 1, size);
+        pos_ = end < size && data_[end] == '"' ? end + 1 : end;
         // Whatever follows the closing quote up to the separator is dropped.
         while (pos_ < size && data_[pos_] != ',' && !IsLineEnd(data_[pos_])) ++pos_;
     } else {
@@ -423,12 +428,22 @@ void RandomFile::PutRange(long first, long count, const char* buf) {
     if (first < 1 || count < 0) Raise(errBadRecordNumber);
     std::size_t left = static_cast<std::size_t>(recLen_) * static_cast<std::size_t>(count);
     off_t at = static_cast<off_t>(first - 1) * recLen_;
+    struct stat before;
+    if (::fstat(fd_, &before) != 0) RaiseErrno(errno, path_);
     while (left > 0) {
         const ssize_t w = ::pwrite(fd_, buf, left, at);
         if (w < 0) {
             if (errno == EINTR) continue;
-            if (errno == EBADF) Raise(errPathFileAccess);   // opened read-only
-            RaiseErrno(errno, path_);
+            const int err = errno;
+            if (err == EBADF) Raise(errPathFileAccess);   // opened read-only
+            // A full disk takes part of a record: that tail would read as a
+            // record that was never saved, so the file goes back to its length.
+            struct stat now;
+            if (::fstat(fd_, &now) == 0 && now.st_size > before.st_size) {
+                while (::ftruncate(fd_, before.st_size) != 0 && errno == EINTR) {
+                }
+            }
+            RaiseErrno(err, path_);
         }
         buf += w;
         at += w;
@@ -457,6 +472,50 @@ void RandomFile::Unlock() {
 void RandomFile::Sync() {
     if (fd_ < 0) Raise(errBadFileName);
     if (::fsync(fd_) != 0) RaiseErrno(errno, path_);
+}
+
+bool RandomFile::AtPath() const {
+    if (fd_ < 0) return false;
+    struct stat open, there;
+    if (::fstat(fd_, &open) != 0 || ::stat(path_.c_str(), &there) != 0) return false;
+    return open.st_dev == there.st_dev && open.st_ino == there.st_ino;
+}
+
+void RandomFile::WriteBack() {
+    if (fd_ < 0) Raise(errBadFileName);
+    const std::string tmp =
+        JoinPath(FolderOf(path_), "." + FileNameOf(path_) + "." + std::to_string(::getpid()) + ".back.tmp");
+    const int out = OpenRetry(tmp, O_WRONLY | O_CREAT | O_TRUNC);
+    if (out < 0) RaiseErrno(errno, path_);
+    struct stat st{};
+    int err = ::fstat(fd_, &st) != 0 ? errno : 0;
+    if (!err) ::fchmod(out, st.st_mode & 07777);
+    // pread leaves the handle's own position alone.
+    char chunk[65536];
+    for (off_t at = 0; !err && at < st.st_size;) {
+        const ssize_t n = ::pread(fd_, chunk, sizeof chunk, at);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) {
+            err = n < 0 ? errno : EIO;
+            break;
+        }
+        err = WriteAll(out, chunk, static_cast<std::size_t>(n));
+        at += n;
+    }
+    if (!err && ::fsync(out) != 0) err = errno;
+    if (::close(out) != 0 && !err) err = errno;
+    // Written whole beside the path first, so the path never holds half a file.
+    if (!err && ::rename(tmp.c_str(), path_.c_str()) != 0) err = errno;
+    if (err) {
+        ::unlink(tmp.c_str());
+        RaiseErrno(err, path_);
+    }
+    SyncFolder(path_);
+    const int fd = OpenRetry(path_, O_RDWR);
+    if (fd < 0) RaiseErrno(errno, path_);
+    if (locked_) ::flock(fd, LOCK_EX | LOCK_NB);
+    ::close(fd_);
+    fd_ = fd;
 }
 
 // ---------------------------------------------------------------- directories

@@ -24,12 +24,16 @@ public:
     bool IsOpen() const { return open_; }
     bool Eof() const;                     // nothing but an optional final line end left
     std::string InputString();            // 62 past the end
+    // As InputString, but an unclosed quote ends at the line's end: for files
+    // where one line is one value and a stray quote must not swallow the rest.
+    std::string InputStringOnLine();
     long InputLong();                     // Val of the field; 62 past the end
     double InputDouble();
     // "True"/"#TRUE#" or a non-zero number; 13 otherwise (the field is used up all the same)
     bool InputBool();
     std::string LineInput();              // whole line without its end
 private:
+    std::string Field(bool quoteCrossesLines);
     std::string data_;
     std::size_t pos_ = 0;
     bool open_ = false;
@@ -86,7 +90,8 @@ public:
     // Reads record n into buf (recLen bytes). Past the end the buffer is zero-filled
     // and false is returned. 63 for n < 1.
     bool Get(long n, char* buf);
-    void Put(long n, const char* buf);       // 63 for n < 1; 61/57 on write failure
+    // 63 for n < 1; 61/57 on write failure, and then the file is back at its old length
+    void Put(long n, const char* buf);
     // Records first .. first+count-1 at once; returns how many were read whole
     // (the rest of buf is zero-filled). PutRange writes them in as few calls as
     // the system allows.
@@ -95,6 +100,11 @@ public:
     void Lock();                             // advisory lock of the whole file; 70 when held elsewhere
     void Unlock();
     void Sync();                             // flush to the disk (fsync)
+    // Whether the open file is still the one at Path() (same device and inode).
+    bool AtPath() const;
+    // Writes the open file's bytes to Path() and goes on there; the lock is kept.
+    // Whatever stands at Path() is replaced, so the caller moves it aside first.
+    void WriteBack();
 private:
     int fd_ = -1;
     int recLen_ = 0;
