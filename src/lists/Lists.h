@@ -3,7 +3,7 @@
 // and report walks the list they leave in SortIndex.
 #include <string>
 
-struct Program;
+struct ListRun;
 struct ProgramState;
 
 namespace lists {
@@ -26,17 +26,14 @@ namespace lists {
 // or "Al" to arrange by interest level or not without asking; "TotalAttend"
 // "equal" or "atleast" without the dialog; "DupAddress" the mode of
 // BuildDuplicates.
-bool BuildList(Program& p, const std::string& kind, int number = 0, const std::string& option = "");
-
-// The comb sort reversed, without the whole-entry case.
-void SortDescending(ProgramState& p);
+bool BuildList(ListRun& p, const std::string& kind, int number = 0, const std::string& option = "");
 
 // Keeps the people of the current list who pass PrintCutOff, rebuilt and sorted.
 void ApplyCutOff(ProgramState& p);
 
 // Rebuilds the list named by a SortName ("decisions3", "attendnight07", ...)
 // after the cut-off changed. False when the name has no rule.
-bool SelectFilter(Program& p, const std::string& name);
+bool SelectFilter(ListRun& p, const std::string& name);
 
 // People who share an address. `mode` "team error" keeps pairs of different
 // teams, "last name" pairs of different last names, any other all of them.
@@ -45,7 +42,7 @@ void BuildDuplicates(ProgramState& p, const std::string& mode);
 // Addresses that get no mail label or more than one, counted in FamilyCount.
 // False (the operator has been told, the list is as it was) when more people
 // share one address than the clean-up can hold.
-bool BuildCleanMailList(Program& p);
+bool BuildCleanMailList(ListRun& p);
 
 // The most people at one address the clean-up looks at.
 inline constexpr int MaxFamily = 100;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "edit/SelIntFm.h"
+#include "reports/SelIntFm.h"
 #include "reports/PrintReports.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
