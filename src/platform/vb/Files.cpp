@@ -222,7 +222,6 @@ long TextReader::InputLong() {
     return static_cast<long>(v);
 }
 
-double TextReader::InputDouble() { return Val(InputString()); }
 
 bool TextReader::InputBool() {
     const std::string t = Trim(InputString());

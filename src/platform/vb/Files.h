@@ -25,7 +25,6 @@ public:
     bool Eof() const;                     // nothing but an optional final line end left
     std::string InputString();            // 62 past the end
     long InputLong();                     // Val of the field; 62 past the end
-    double InputDouble();
     // "True"/"#TRUE#" or a non-zero number; 13 otherwise (the field is used up all the same)
     bool InputBool();
     std::string LineInput();              // whole line without its end
