@@ -5,6 +5,8 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 tools/deps.sh
+# An include that points up a layer fails before anything is built.
+tools/layers.sh
 jobs="$(nproc)"
 export QT_QPA_PLATFORM=offscreen
 

@@ -19,11 +19,6 @@ const char* const AttendF::DefaultDecInAtt =
 namespace {
 constexpr int px = TwipsPerPixel;
 
-void Place(Control& c, int x, int y, int w, int h, Control* in = nullptr) {
-    if (in) c.SetContainer(in);
-    c.Move(x * px, y * px, w * px, h * px);
-}
-
 template <std::size_t N>
 void Put(Control& box, const FixedText<N>& field) { box.SetText(RTrim(field)); }
 }  // namespace

@@ -20,8 +20,6 @@ public:
     // Writes the person on screen and renews the list entry; false when the disk refused.
     bool SaveRecord();
     void ShowRecord();
-    // Marks or clears one meeting from code; nothing reaches the disk.
-    void AttendButton(int night);
     // What the Enter key does in SearchBox.
     void EnterTicket();
     void Mark();

@@ -198,26 +198,6 @@ void AttendF::Dec_Click(int Index) {
     DecisionText = d;
 }
 
-void AttendF::AttendButton(int night) {
-    if (night < 1 || night > 40) return;
-    std::string s = Forty(Attendance.Text());
-    const std::size_t at = static_cast<std::size_t>(night - 1);
-    if (s[at] != '-') {
-        int a = p.host.MsgBox("This Will Undo the Attendance for Night" + CStr(night) + p.CrLf +
-                                  "Are you sure you want to Undo this Entry?",
-                              host::vbYesNoCancel | host::vbQuestion, "Undo the Attendance Update");
-        if (a != host::vbYes) return;
-        s[at] = '-';
-    } else {
-        s[at] = LastDigit(night);
-    }
-    std::int16_t last = 0;
-    std::int16_t total = CountAttendance(s, last);
-    Attendance.SetText(s);
-    Attended = CStr(static_cast<long>(total));
-    LastAttended = last;
-}
-
 void AttendF::ClearPendingDecision() {
     PendingDecision = "-";
     for (int i = 0; i <= 8; ++i) DecA[i].SetValue(false);

@@ -13,7 +13,6 @@ using namespace forms;
 using namespace vb;
 
 namespace {
-constexpr int px = TwipsPerPixel;
 const char* const DefaultDecision = "Click to show Decision Code Instead of Meeting Number";
 
 std::string Forty(const std::string& s) { return vb::Left(s + std::string(40, '-'), 40); }

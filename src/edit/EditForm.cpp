@@ -13,11 +13,6 @@ const char* const ButtonLabelsText =
 
 namespace {
 constexpr int px = TwipsPerPixel;
-
-void Place(Control& c, int x, int y, int w, int h, Control* in = nullptr) {
-    if (in) c.SetContainer(in);
-    c.Move(x * px, y * px, w * px, h * px);
-}
 }  // namespace
 
 EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {

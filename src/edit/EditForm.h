@@ -482,7 +482,6 @@ private:
     void SetTopMenus(bool on);
     void SetBarButtons(bool on);
     void Highlight(forms::Control& c);
-    void SetAttendanceCaption();
     std::set<const forms::Control*> notBuilt_;
     // Filters.
     void WireFilters();

@@ -31,8 +31,10 @@ void EditForm::WireReports() {
                                        {&mnuPrnTotalAttended, 13}};
     std::pair<Menu*, int> byTeam[] = {{&mnuPrintAlphaWC, 1}, {&mnuPrintAttendWC, 2}, {&mnuTeamMaster, 4},
                                       {&mnuPrnTotalAttendedWC, 5}};
-    for (auto [m, code] : oneLine) m->Click = [this, c = code] { RunReport(PrintOneLineReport, c); };
-    for (auto [m, code] : byTeam) m->Click = [this, c = code] { RunReport(PrintWCReport, c); };
+    for (auto [m, code] : oneLine)
+        m->Click = [this, c = code] { RunReport([](Program& prog, int k) { PrintOneLineReport(prog, k); }, c); };
+    for (auto [m, code] : byTeam)
+        m->Click = [this, c = code] { RunReport([](Program& prog, int k) { PrintWCReport(prog, k); }, c); };
     mnuPrDecisions.Click = [this] {
         RunReport([](Program& prog, int) {
             std::int16_t n = 0;

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-namespace forms { class TextBox; }
+namespace forms { struct TextBox; }
 struct ProgramState;
 
 // The Notes box at a key, on the edit and the door screens: 150 characters at

@@ -73,7 +73,7 @@ bool FullLoad(Program& p) {
     EditForm& f = p.Edit();
     if (FetchCurrentRecord(p)) f.ShowRecord();
     f.SetupScreen("");
-    if (f.Visible()) p.host.ActivateForm(&f);
+    if (f.Visible()) forms::ActivateForm(p.host, &f);
     SaveMembersAfterLoad(p);
     return true;
 }

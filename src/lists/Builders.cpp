@@ -2,10 +2,10 @@
 #include <algorithm>
 
 #include "lists/ListEngine.h"
+#include "lists/ListRun.h"
 #include "lists/Lists.h"
 #include "lists/Questions.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "store/SortIndex.h"
 
 using namespace vb;
@@ -195,7 +195,7 @@ int SabbathMeeting(const ProgramState& p) {
 }
 
 // `team` stands for the number of "SelWCAttend" when the caller knows it, "00" included.
-bool Build(Program& p, const std::string& kindName, int number, const std::string& option, std::string team) {
+bool Build(ListRun& p, const std::string& kindName, int number, const std::string& option, std::string team) {
     std::string kind = kindName == "decision" ? std::string("decisions") : kindName;
     if (kind == "DupAddress" || kind == "NDupAddress" || kind == "TDupAddress") {
         BuildDuplicates(p, kind == "TDupAddress" ? "team error" : kind == "NDupAddress" ? "last name" : option);
@@ -272,11 +272,10 @@ bool Build(Program& p, const std::string& kindName, int number, const std::strin
 
 }  // namespace
 
-bool BuildList(Program& p, const std::string& kind, int number, const std::string& option) {
+bool BuildList(ListRun& p, const std::string& kind, int number, const std::string& option) {
     return Build(p, kind, number, option, std::string());
 }
 
-void SortDescending(ProgramState& p) { ::SortDescending(p); }
 
 void ApplyCutOff(ProgramState& p) {
     RecordFile file(p);
@@ -292,7 +291,7 @@ void ApplyCutOff(ProgramState& p) {
     e.Store(p, p.SortIndex.empty() ? std::string() : p.SortIndex[0], true);
 }
 
-bool SelectFilter(Program& p, const std::string& name, const std::string& option) {
+bool SelectFilter(ListRun& p, const std::string& name, const std::string& option) {
     std::string kind = name, team, opt = option;
     int number = 0;
     if (Left(name, 8) == "decision") {

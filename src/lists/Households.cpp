@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "lists/ListEngine.h"
+#include "lists/ListRun.h"
 #include "lists/Lists.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 
 using namespace vb;
 
@@ -72,7 +72,7 @@ void BuildDuplicates(ProgramState& p, const std::string& mode) {
     p.CurrentIndex = out > 0 ? 1 : 0;
 }
 
-bool BuildCleanMailList(Program& p) {
+bool BuildCleanMailList(ListRun& p) {
     // Kept so that a refused clean-up leaves the list as it was.
     std::vector<std::string> keptList = std::move(p.SortIndex);
     const int keptCount = p.IndexCount, keptIndex = p.CurrentIndex;

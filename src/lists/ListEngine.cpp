@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/host/Host.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "store/MasterRecord.h"
@@ -53,9 +54,11 @@ void EntryBuffer::Store(ProgramState& p, const std::string& entry0, bool sort, b
     list.push_back(entry0);
     if (count_ > 0) {
         if (sort && len_ >= 4) {
-            p.host.SetBusy(true);
-            std::vector<int> order = CombSortOrder(buf_.data() + 4, len_, len_ - 4, count_, descending);
-            p.host.SetBusy(false);
+            std::vector<int> order;
+            {
+                host::BusyPointer busy(p.host);
+                order = CombSortOrder(buf_.data() + 4, len_, len_ - 4, count_, descending);
+            }
             for (int i : order) list.emplace_back(Entry(i));
         } else {
             for (int i = 0; i < count_; ++i) list.emplace_back(Entry(i));

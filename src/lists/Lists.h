@@ -3,7 +3,7 @@
 // and report walks the list they leave in SortIndex.
 #include <string>
 
-struct Program;
+struct ListRun;
 struct ProgramState;
 
 namespace lists {
@@ -26,10 +26,7 @@ namespace lists {
 // or "Al" to arrange by interest level or not without asking; "TotalAttend"
 // "equal" or "atleast" without the dialog; "DupAddress" the mode of
 // BuildDuplicates.
-bool BuildList(Program& p, const std::string& kind, int number = 0, const std::string& option = "");
-
-// The comb sort reversed, without the whole-entry case.
-void SortDescending(ProgramState& p);
+bool BuildList(ListRun& p, const std::string& kind, int number = 0, const std::string& option = "");
 
 // Keeps the people of the current list who pass PrintCutOff, rebuilt and sorted.
 void ApplyCutOff(ProgramState& p);
@@ -38,7 +35,7 @@ void ApplyCutOff(ProgramState& p);
 // after the cut-off changed, with `option` as BuildList takes it. A list whose
 // builder asked questions keeps the answers in entry 0, so that the current
 // list is rebuilt without asking again. False when the name has no rule.
-bool SelectFilter(Program& p, const std::string& name, const std::string& option = "");
+bool SelectFilter(ListRun& p, const std::string& name, const std::string& option = "");
 
 // People who share an address. `mode` "team error" keeps pairs of different
 // teams, "last name" pairs of different last names, any other all of them.
@@ -47,7 +44,7 @@ void BuildDuplicates(ProgramState& p, const std::string& mode);
 // Addresses that get no mail label or more than one, counted in FamilyCount.
 // False (the operator has been told, the list is as it was) when more people
 // share one address than the clean-up can hold.
-bool BuildCleanMailList(Program& p);
+bool BuildCleanMailList(ListRun& p);
 
 // The most people at one address the clean-up looks at.
 inline constexpr int MaxFamily = 100;

@@ -1,16 +1,16 @@
 #include "lists/Questions.h"
 
+#include "lists/ListRun.h"
 #include "lists/SelDecFm.h"
 #include "lists/frmFilters.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 
 using namespace vb;
 
 namespace lists {
 
-int AskMeetingToView(Program& p) {
+int AskMeetingToView(ListRun& p) {
     std::string prompt = "Enter the Meeting number you would like to see." + p.CrLf + "Must be between 1 and " +
                          CStr(p.MeetingNumber);
     for (;;) {
@@ -23,7 +23,7 @@ int AskMeetingToView(Program& p) {
     }
 }
 
-int AskNightsMissed(Program& p) {
+int AskNightsMissed(ListRun& p) {
     const std::string& nl = p.CrLf;
     std::string answer = Trim(p.host.InputBox(
         "You would like to see those who have not attended since how many nights?" + nl + nl +
@@ -40,13 +40,13 @@ int AskNightsMissed(Program& p) {
     return n;
 }
 
-std::string AskTeamCode(Program& p) {
+std::string AskTeamCode(ListRun& p) {
     std::string team = Trim(p.host.InputBox("Enter the desired Team Code (01-20)", "", ""));
     if (team.size() == 1) team = "0" + team;
     return team;
 }
 
-int AskDecision(Program& p) {
+int AskDecision(ListRun& p) {
     // The dialog leaves its choice in SortName; the list before is still the one in force.
     std::string before = p.SortName;
     SelDecFm& f = p.SelDec();
@@ -56,12 +56,12 @@ int AskDecision(Program& p) {
     return n;
 }
 
-bool AskArrangeByLevel(Program& p) {
+bool AskArrangeByLevel(ListRun& p) {
     return p.host.MsgBox("Do you want to arrange these decisions by Interest Level?", host::vbYesNo,
                          "Arrange Decisions by Interest Level or Alphabetical") == host::vbYes;
 }
 
-int AskCardLimits(Program& p) {
+int AskCardLimits(ListRun& p) {
     const std::string& nl = p.CrLf;
     int code = 0;
     if (p.host.MsgBox("You can print card labels for all names or you can" + nl +
@@ -76,7 +76,7 @@ int AskCardLimits(Program& p) {
     return code + (team ? 4 : 2);
 }
 
-std::string AskTotalAttend(Program& p) {
+std::string AskTotalAttend(ListRun& p) {
     p.ScratchValue = "cancel";
     p.Filters().Show(true);
     std::string how = p.ScratchValue;

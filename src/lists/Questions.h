@@ -3,18 +3,18 @@
 // or an empty text, when the operator backed out.
 #include <string>
 
-struct Program;
+struct ListRun;
 
 namespace lists {
 
-int AskMeetingToView(Program& p);
-int AskNightsMissed(Program& p);
-std::string AskTeamCode(Program& p);
-int AskDecision(Program& p);
-bool AskArrangeByLevel(Program& p);
+int AskMeetingToView(ListRun& p);
+int AskNightsMissed(ListRun& p);
+std::string AskTeamCode(ListRun& p);
+int AskDecision(ListRun& p);
+bool AskArrangeByLevel(ListRun& p);
 // 1 for four meetings or more, plus 2 for any team or 4 for an assigned team.
-int AskCardLimits(Program& p);
+int AskCardLimits(ListRun& p);
 // "equal", "atleast" or "cancel", from frmFilters.
-std::string AskTotalAttend(Program& p);
+std::string AskTotalAttend(ListRun& p);
 
 }  // namespace lists

@@ -1,6 +1,7 @@
 #include "program/Program.h"
 
 #include "edit/EditForm.h"
+#include "edit/Navigate.h"
 #include "reports/PrintReports.h"
 #include "lists/SelDecFm.h"
 #include "lists/frmFilters.h"
@@ -9,7 +10,7 @@
 #include "attend/AttendFieldUpdate.h"
 #include "tables/AppointmentFm.h"
 
-Program::Program(host::Host& h, std::string appPath) : ProgramState(h, std::move(appPath)) {}
+Program::Program(host::Host& h, std::string appPath) : ReportRun(h, std::move(appPath)) {}
 
 Program::~Program() = default;
 
@@ -28,14 +29,24 @@ void Program::PrepareEdit() {
 
 bool Program::EditLoaded() const { return editForm_ && editForm_->Loaded(); }
 
+void Program::ShowAllOnEdit() { Edit().ShowAll_Click(); }
+
+void Program::ShowCurrentOnEdit() {
+    EditForm& e = Edit();
+    FetchCurrentRecord(*this);
+    e.ShowRecord();
+    e.SetupScreen("");
+    e.OpenRNum = e.RNum.Text();
+}
+
+void Program::EnterPreviewEdit() { Edit().EnterPreviewEdit(); }
+void Program::LeavePreviewEdit() { Edit().LeavePreviewEdit(); }
+void Program::ShowEdit() { Edit().Show(); }
+
 frmSplash& Program::Splash() {
     if (!splash_) splash_ = std::make_unique<frmSplash>(*this);
     splash_->Load();
     return *splash_;
-}
-
-void Program::DropSplash() {
-    if (splash_ && splash_->Loaded()) splash_->Unload();
 }
 
 AttendF& Program::Attend() {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "store/State.h"
+#include "reports/ReportRun.h"
 
 class EditForm;
 class frmSplash;
@@ -15,34 +15,37 @@ class PrintReports;
 class SelDecFm;
 class frmFilters;
 
-struct Program : ProgramState {
+struct Program : ReportRun {
     Program(host::Host& host, std::string appPath);
     ~Program() override;
 
     // The forms. Touching a form loads it, as the runtime does.
     EditForm& Edit();
     frmSplash& Splash();
-    bool EditLoaded() const;
+    bool EditLoaded() const override;
     // Builds the edit screen's window once the first window is on the screen,
     // while the operator reads it, so that opening a crusade only fills it.
     void PrepareEdit();
-    void DropSplash();
     AttendF& Attend();
     bool AttendLoaded() const;
     AttendFieldUpdate& AttendUpdate();
     AppointmentFm& Appointment();
-    PrintReports& Reports();
-    bool ReportsLoaded() const;
-    SelDecFm& SelDec();
-    frmFilters& Filters();
+    PrintReports& Reports() override;
+    bool ReportsLoaded() const override;
+    SelDecFm& SelDec() override;
+    frmFilters& Filters() override;
+
+    // What the report screen asks of the edit screen.
+    void ShowAllOnEdit() override;
+    void ShowCurrentOnEdit() override;
+    void EnterPreviewEdit() override;
+    void LeavePreviewEdit() override;
+    void ShowEdit() override;
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
     // The meeting whose heading the prayer file got last in this run.
     int LastPrayerMeeting = 0;
-
-    // Households of the mail-list clean-up that need the operator's choice.
-    int FamilyCount = 0;
 
 private:
     std::unique_ptr<EditForm> editForm_;

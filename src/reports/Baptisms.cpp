@@ -7,8 +7,8 @@
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "reports/ReportParts.h"
+#include "reports/ReportRun.h"
 #include "reports/Reports.h"
 #include "reports/SelPrinter.h"
 
@@ -43,7 +43,7 @@ private:
     std::string name_, prior_;
 };
 
-void Header(Program& p, host::PrintSurface& out) {
+void Header(ReportRun& p, host::PrintSurface& out) {
     out.SetFont(Fonts::fntArial14);
     out.SetCurrentX(1.0f);
     out.Print(Trim(p.CrusadeName) + " Baptisms and Profession of Faith (*)", true);
@@ -70,7 +70,7 @@ void Footer(host::PrintSurface& out, int page) {
 
 }  // namespace
 
-void PrintBaptisms(Program& p) {
+void PrintBaptisms(ReportRun& p) {
     const DecisionMarks marks = FindDecisionMarks(p);
     if (p.PrintingFromPreview && p.IndexCount == 0) {
         p.host.MsgBox("There are no names in this list to print");

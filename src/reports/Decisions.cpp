@@ -6,8 +6,8 @@
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "reports/ReportParts.h"
+#include "reports/ReportRun.h"
 #include "reports/Reports.h"
 #include "reports/SelPrinter.h"
 
@@ -29,7 +29,7 @@ std::string AttendanceWindow(const ProgramState& p, const MasterRecord& r) {
 
 }  // namespace
 
-void PrintDecisions(Program& p, std::int16_t& DecisionNumber) {
+void PrintDecisions(ReportRun& p, std::int16_t& DecisionNumber) {
     if (Left(p.SortName, 8) != "decision") {
         if (!lists::BuildList(p, "decisions")) return;
         if (Left(p.SortName, 8) != "decision") return;   // the dialog was cancelled

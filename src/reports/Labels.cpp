@@ -9,8 +9,8 @@
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "reports/PrintReports.h"
+#include "reports/ReportRun.h"
 #include "reports/Reports.h"
 #include "reports/SelPrinter.h"
 #include "store/Records.h"
@@ -54,7 +54,7 @@ void PrintLine(PrintSurface& out, const std::vector<Piece>& pieces) {
     }
 }
 
-void ShowProgress(Program& p, const std::string& text) {
+void ShowProgress(ReportRun& p, const std::string& text) {
     if (p.ReportsLoaded()) p.Reports().Info.SetText(text);
 }
 
@@ -82,7 +82,7 @@ CardGeometry CardGeometry::For(const ProgramState& p) {
     return g;
 }
 
-void prnMailLabels(Program& p) {
+void prnMailLabels(ReportRun& p) {
     const ListKind k = SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string n = CStr(k.number);
@@ -181,7 +181,7 @@ std::vector<std::pair<std::string, std::string>> CardTexts(const MasterRecord& r
     };
 }
 
-void InterestCard2x4(Program& p) {
+void InterestCard2x4(ReportRun& p) {
     const ListKind k = SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string& nl = p.CrLf;

@@ -3,13 +3,12 @@
 #include <functional>
 #include <vector>
 
-#include "edit/EditForm.h"
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "reports/PageLayout.h"
 #include "reports/ReportParts.h"
+#include "reports/ReportRun.h"
 #include "reports/Reports.h"
 #include "reports/SelPrinter.h"
 
@@ -27,7 +26,7 @@ const char* const NoMatch = "There were no names in the file that match your sea
 
 // The list of a code when the report is not run from the preview; false when
 // there is nothing to print (the operator backed out or the list is empty).
-bool BuildForCode(Program& p, int code) {
+bool BuildForCode(ReportRun& p, int code) {
     auto build = [&](const std::string& kind, const std::string& option = "") {
         return lists::BuildList(p, kind, 0, option);
     };
@@ -58,14 +57,14 @@ bool BuildForCode(Program& p, int code) {
     const bool fellBack = (code == 12 || code == 13) && p.SortName == "alpha";
     if (p.IndexCount == 0 || fellBack) {
         p.host.MsgBox(NoMatch);
-        p.Edit().ShowAll_Click();
+        p.ShowAllOnEdit();
         return false;
     }
     return true;
 }
 
 // The title after CrusadeName. Code 10 may go on as 5 or 6; empty ends the report.
-std::string TitleFor(Program& p, int& code, int present) {
+std::string TitleFor(ReportRun& p, int& code, int present) {
     const std::string n = Num(p.IndexCount);
     switch (code) {
     case 1: return " Master Alphabetical List";
@@ -120,7 +119,7 @@ std::string TitleFor(Program& p, int& code, int present) {
 }
 
 // Group keys of every entry, so a heading can count its group by scanning ahead.
-std::vector<std::string> GroupKeys(Program& p, int code, bool apptGroups) {
+std::vector<std::string> GroupKeys(ReportRun& p, int code, bool apptGroups) {
     std::vector<std::string> keys(static_cast<std::size_t>(p.IndexCount) + 1);
     bool grouped = code == 2 || code == 3 || code == 4 || code == 5 || code == 6 || code == 13 || apptGroups;
     if (!grouped) return keys;
@@ -156,7 +155,7 @@ const char* const Days[] = {"No Appointment Date Scheduled ", "Sunday ", "Monday
                             "Wednesday ", "Thursday ", "Friday "};
 
 struct OneLine {
-    Program& p;
+    ReportRun& p;
     host::PrintSurface& out;
     int code;
     std::string kind;
@@ -245,7 +244,7 @@ struct OneLine {
 
 }  // namespace
 
-void PrintOneLineReport(Program& p, int Code) {
+void PrintOneLineReport(ReportRun& p, int Code) {
     const bool fromPreview = p.PrintingFromPreview;
     if (!fromPreview && !BuildForCode(p, Code)) return;
     if (p.IndexCount == 0) {

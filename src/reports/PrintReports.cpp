@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
-#include "edit/EditForm.h"
-#include "edit/Navigate.h"
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
+#include "reports/ReportRun.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 
@@ -17,11 +15,6 @@ using namespace vb;
 namespace {
 
 constexpr int px = TwipsPerPixel;
-
-void Place(Control& c, int x, int y, int w, int h, Control* in = nullptr) {
-    if (in) c.SetContainer(in);
-    c.Move(x * px, y * px, w * px, h * px);
-}
 
 bool Blank(const std::string& s) { return Trim(s).empty(); }
 
@@ -117,7 +110,7 @@ std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std:
     return head + "  " + att24 + "/" + level + "  " + Trim(r.Decisions) + "/" + r.Visits.str();
 }
 
-PrintReports::PrintReports(Program& prog) : Form(prog.host, "PrintReports"), p(prog) {
+PrintReports::PrintReports(ReportRun& prog) : Form(prog.host, "PrintReports"), p(prog) {
     Layout();
     Wire();
 }
@@ -370,14 +363,10 @@ void PrintReports::Form_Unload(int& /*Cancel*/) {
     // "Disable" set the cut-off to 0 only while the preview is open.
     if (chkDisableCutoff.Value()) p.PrintCutOff = static_cast<int>(Val(PrintCutOffBox.Text()));
     if (p.EditLoaded()) {
-        EditForm& e = p.Edit();
-        e.LeavePreviewEdit();
+        p.LeavePreviewEdit();
         if (!p.SaveFilterOnExit && p.SortName != "alpha") RebuildAlpha(p);
         p.CurrentIndex = p.IndexCount > 0 ? 1 : 0;
-        FetchCurrentRecord(p);
-        e.ShowRecord();
-        e.SetupScreen("");
-        e.OpenRNum = e.RNum.Text();
+        p.ShowCurrentOnEdit();
     }
 }
 

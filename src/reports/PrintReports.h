@@ -7,7 +7,7 @@
 
 #include "platform/forms/Form.h"
 
-struct Program;
+struct ReportRun;
 struct ProgramState;
 struct MasterRecord;
 
@@ -32,7 +32,7 @@ std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std:
 
 class PrintReports : public forms::Form {
 public:
-    explicit PrintReports(Program& p);
+    explicit PrintReports(ReportRun& p);
 
     // Public procedures of the form.
     void PreviewReport();
@@ -78,7 +78,7 @@ public:
     // The edit screen comes back from editing one person of the list.
     void ReturnFromEdit();
 
-    Program& p;
+    ReportRun& p;
     std::string PrevSort;
     int ViewLines = 25;
     int FirstLine = 1;

@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "edit/EditForm.h"
-#include "edit/Navigate.h"
-#include "edit/SelIntFm.h"
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "reports/PrintReports.h"
+#include "reports/ReportRun.h"
 #include "reports/Reports.h"
+#include "reports/SelIntFm.h"
 #include "store/Attendance.h"
 #include "store/Records.h"
 #include "store/Sounds.h"
@@ -89,14 +87,10 @@ void PrintReports::Info_MouseDown(int Button, int Shift, float X, float Y) {
     if (mode == "E") {
         restore();
         p.CurrentIndex = line;
-        EditForm& e = p.Edit();
-        FetchCurrentRecord(p);
-        e.ShowRecord();
-        e.SetupScreen("");
-        e.OpenRNum = e.RNum.Text();
-        e.EnterPreviewEdit();
+        p.ShowCurrentOnEdit();
+        p.EnterPreviewEdit();
         Hide();
-        e.Show();
+        p.ShowEdit();
         return;
     }
     if (mode == "A") {

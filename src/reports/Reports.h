@@ -3,11 +3,11 @@
 // is not called from the preview (PrintingFromPreview clear).
 #include <cstdint>
 
-struct Program;
+struct ReportRun;
 
-void PrintOneLineReport(Program& p, int Code);
-void PrintWCReport(Program& p, int Code);
-void PrintBaptisms(Program& p);
-void PrintDecisions(Program& p, std::int16_t& DecisionNumber);
-void prnMailLabels(Program& p);
-void InterestCard2x4(Program& p);
+void PrintOneLineReport(ReportRun& p, int Code);
+void PrintWCReport(ReportRun& p, int Code);
+void PrintBaptisms(ReportRun& p);
+void PrintDecisions(ReportRun& p, std::int16_t& DecisionNumber);
+void prnMailLabels(ReportRun& p);
+void InterestCard2x4(ReportRun& p);

@@ -7,8 +7,8 @@
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
-#include "program/Program.h"
 #include "reports/ReportParts.h"
+#include "reports/ReportRun.h"
 #include "reports/Reports.h"
 #include "reports/SelPrinter.h"
 
@@ -23,7 +23,7 @@ namespace {
 
 constexpr float PageLimit = 24.9f;
 
-bool BuildForCode(Program& p, int code) {
+bool BuildForCode(ReportRun& p, int code) {
     switch (code) {
     case 1: return lists::BuildList(p, "wcalpha");
     case 5: return lists::BuildList(p, "TotalAttend", 0, "TC");
@@ -34,7 +34,7 @@ bool BuildForCode(Program& p, int code) {
     }
 }
 
-std::string TitleFor(const Program& p, int code) {
+std::string TitleFor(const ReportRun& p, int code) {
     const std::string meeting = MeetingTitle(p, p.MeetingNumber);
     switch (code) {
     case 1: return " Team Alphabetical List";
@@ -51,7 +51,7 @@ std::string TitleFor(const Program& p, int code) {
     }
 }
 
-std::string TeamName(const Program& p, const std::string& team) {
+std::string TeamName(const ReportRun& p, const std::string& team) {
     int n = static_cast<int>(vb::Val(team));
     std::string name = n >= 0 && n <= 40 ? p.TeamNames[static_cast<std::size_t>(n)] : std::string();
     std::replace(name.begin(), name.end(), ':', ' ');
@@ -59,7 +59,7 @@ std::string TeamName(const Program& p, const std::string& team) {
 }
 
 struct TeamReport {
-    Program& p;
+    ReportRun& p;
     host::PrintSurface& out;
     int code;
     bool breaks;
@@ -136,7 +136,7 @@ struct TeamReport {
 
 }  // namespace
 
-void PrintWCReport(Program& p, int Code) {
+void PrintWCReport(ReportRun& p, int Code) {
     if (!p.PrintingFromPreview && !BuildForCode(p, Code)) return;
     if (p.IndexCount == 0) {
         p.host.MsgBox("There are no names in this list to print");

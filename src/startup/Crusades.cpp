@@ -20,15 +20,6 @@ namespace {
 
 const char* const CrusadeFilter = "Crusade Files (*.dta)|*.dta|Crusade Files";
 
-// The busy pointer for as long as the guard lives; it cannot be copied, so it is put back once.
-struct Busy {
-    host::Host& h;
-    explicit Busy(host::Host& host) : h(host) { h.SetBusy(true); }
-    ~Busy() { h.SetBusy(false); }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-};
-
 std::string NameFromPath(const std::string& path) {
     std::string file = FileNameOf(path);
     return Left(file, static_cast<long>(file.size()) - 4);
@@ -143,7 +134,7 @@ void SelectCrusade(Program& p) {
             return;
         }
         p.File1.Close();
-        Busy busy(p.host);
+        host::BusyPointer busy(p.host);
         p.DataFile = path;
         p.DataFolder = FolderOf(path);
         frmSplash& s = p.Splash();
@@ -243,7 +234,7 @@ void ChangeCrusade(Program& p) {
     };
     if (FileExists(path)) {
         if (!CrusadeWritable(p, path)) return;
-        Busy busy(p.host);
+        host::BusyPointer busy(p.host);
         p.File1.Close();
         CloseCrusade(p);
         if (!LoadFromMenu(p, path)) {

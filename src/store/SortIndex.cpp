@@ -219,16 +219,6 @@ void DuplicateCheck(ProgramState& p) {
     }
 }
 
-class BusyPointer {
-public:
-    explicit BusyPointer(host::Host& host) : h_(host) { h_.SetBusy(true); }
-    ~BusyPointer() { h_.SetBusy(false); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-private:
-    host::Host& h_;
-};
-
 }  // namespace
 
 namespace {
@@ -399,19 +389,11 @@ std::vector<int> CombSortOrder(const char* keys, std::size_t stride, std::size_t
 void SortEntries(ProgramState& p) {
     int n = p.IndexCount;
     if (n == 0) return;
-    BusyPointer busy(p.host);
+    host::BusyPointer busy(p.host);
     std::vector<std::string>& s = p.SortIndex;
     std::size_t width = s[1].size() >= 4 ? s[1].size() - 4 : 0;
     if (p.SortName == "byNum") width = s[1].size();
     CombSortList(p, width, false);
-}
-
-void SortDescending(ProgramState& p) {
-    int n = p.IndexCount;
-    if (n == 0) return;
-    BusyPointer busy(p.host);
-    const std::string& first = p.SortIndex[1];
-    CombSortList(p, first.size() >= 4 ? first.size() - 4 : 0, true);
 }
 
 int FindByNumber(const ProgramState& p) {
@@ -422,16 +404,9 @@ int FindByNumber(const ProgramState& p) {
     return 0;
 }
 
-void AddIndexEntry(ProgramState& p, long n) {
-    ++p.IndexCount;
-    p.SortIndex.resize(p.IndexCount + 1);
-    p.SortIndex[p.IndexCount] = "-------" + RecordPointer(n);
-    p.CurrentIndex = p.IndexCount;
-}
-
 void RebuildAlpha(ProgramState& p) {
     p.PriorSortName = p.SortName;
-    BusyPointer busy(p.host);
+    host::BusyPointer busy(p.host);
     p.SortIndex.assign(1, "alpha");
     p.SortName = "alpha";
     for (long i = 1; i <= p.RecordCount; ++i) {
@@ -460,7 +435,7 @@ void CountZips(ProgramState& p) {
 bool FullLoadPass(ProgramState& p) {
     bool clearFlag = p.ScratchValue == "ClearFlag";
     if (clearFlag) p.ScratchValue.clear();
-    BusyPointer busy(p.host);
+    host::BusyPointer busy(p.host);
     // Every way out leaves the list empty or whole, never half built.
     p.SortIndex.assign(1, "alpha");
     p.SortName = "alpha";

@@ -9,8 +9,6 @@ struct ProgramState;
 
 // Comb sort of entries 1..IndexCount on the last `width` characters.
 void SortEntries(ProgramState& p);
-// The same sort with the comparison reversed, always on all but the first 4 characters.
-void SortDescending(ProgramState& p);
 // The comb sort over `n` keys of `width` bytes laid `stride` bytes apart from
 // `keys`: the order afterwards, as each place's position before (0-based).
 // Same swaps as on the entries themselves, so the same result, ties included.
@@ -24,5 +22,3 @@ void RebuildAlpha(ProgramState& p);
 bool FullLoadPass(ProgramState& p);
 // Recounts the people of each zip of the zip table.
 void CountZips(ProgramState& p);
-// The list patched for a new person at record n, an entry at the end.
-void AddIndexEntry(ProgramState& p, long n);

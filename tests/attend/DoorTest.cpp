@@ -187,7 +187,7 @@ TEST_F(Door, TheCorrectionDialogRefusesAndFills) {
     });
     a.Attendance.UserClick();
     // Back on the door screen the new string stays until the next save writes it.
-    c.p.host.ActivateForm(&a);
+    forms::ActivateForm(c.p.host, &a);
     a.NextRecord_Button.UserClick();
     EXPECT_EQ("-B3 2 3", Disk(7));
 }

@@ -247,4 +247,14 @@ TEST(ReportMenus, AlphabeticalReportPrintsTheRebuiltListAndKeepsThePersonOnScree
     EXPECT_EQ(c.p.MasterRec.LName.str().substr(0, 4), "Able");
 }
 
+TEST(ReportMenus, AReportThatFindsNobodySaysSoAndTheEditScreenShowsEveryoneAgain) {
+    TestCrusade c;
+    EditForm& e = c.ShowOnEditScreen({MakePerson("0002", "Zed", "Young"), MakePerson("0001", "Al", "Able")});
+    c.host.ExpectBox("There were no names in the file that match");
+    e.mnuPrintBaptClass.UserClick();
+    EXPECT_EQ(c.p.SortName, "alpha");
+    EXPECT_EQ(c.p.IndexCount, 2);
+    EXPECT_TRUE(c.host.printer.TextOps().empty());
+}
+
 }  // namespace

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "edit/SelIntFm.h"
 #include "lists/Lists.h"
 #include "lists/frmFilters.h"
+#include "reports/SelIntFm.h"
 #include "reports/PrintReports.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"

@@ -101,7 +101,7 @@ bool ScriptedHost::ShowPrinter(host::PrinterDialog& d) {
 void ScriptedHost::ShowForm(forms::Form& f, bool modal) {
     shown.push_back({"Form", f.Name(), "", modal ? 1 : 0});
     f.SetVisibleFlag(true);
-    ActivateForm(&f);
+    forms::ActivateForm(*this, &f);
     if (!modal) return;
     auto it = modal_.find(f.Name());
     if (it == modal_.end()) {

@@ -290,4 +290,9 @@ Menu::Menu(Form& f, const std::string& name, const std::string& caption, Menu* p
     if (parent) SetContainer(parent);
 }
 
+void Place(Control& c, int x, int y, int w, int h, Control* in) {
+    if (in) c.SetContainer(in);
+    c.Move(x * TwipsPerPixel, y * TwipsPerPixel, w * TwipsPerPixel, h * TwipsPerPixel);
+}
+
 }  // namespace forms

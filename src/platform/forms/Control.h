@@ -54,6 +54,10 @@ inline constexpr int TwipsPerPixel = 15;
 
 class Control;
 
+// Moves c to a place given in pixels, into the container `in` when one is given:
+// the forms lay themselves out in pixels.
+void Place(Control& c, int x, int y, int w, int h, Control* in = nullptr);
+
 // Where a view draws the text of a box, in twips: the width of a character of a
 // fixed-pitch face, the height of a line, and the text's origin in the box. All
 // zero until a view has measured them.

@@ -192,4 +192,12 @@ void Form::TypeText(const std::string& text) {
     }
 }
 
+void ActivateForm(host::Host& host, Form* f) {
+    Form* old = host.ActiveForm();
+    if (f == old) return;
+    host.SetActiveForm(f);
+    if (old && old->Loaded()) old->Form_Deactivate();
+    if (f && f->Loaded()) f->Form_Activate();
+}
+
 }  // namespace forms

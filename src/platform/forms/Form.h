@@ -184,4 +184,8 @@ private:
     std::map<int, std::unique_ptr<T>> items_;
 };
 
+// Brings f forward as the host's active form. Activate and Deactivate fire only on a
+// change between the program's own forms, never for a message box or dialog.
+void ActivateForm(host::Host& host, Form* f);
+
 }  // namespace forms

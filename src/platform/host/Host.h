@@ -87,16 +87,29 @@ public:
                                                                             const std::string& section) = 0;
     virtual void DeleteSetting(const std::string& app, const std::string& section, const std::string& key) = 0;
 
-    // Which of the program's forms is active. Activate and Deactivate fire only on a
-    // change between the program's own forms, never for a message box or dialog.
-    void ActivateForm(forms::Form* f);
+    // Which of the program's forms is active. The form model changes it
+    // (forms::ActivateForm), which also fires Activate and Deactivate.
     forms::Form* ActiveForm() const { return activeForm_; }
+    void SetActiveForm(forms::Form* f) { activeForm_ = f; }
     // A form that is unloaded, or destroyed, is no longer the active one. A host
     // with windows drops the form's window here.
     virtual void ForgetForm(forms::Form* f) { if (activeForm_ == f) activeForm_ = nullptr; }
 
 private:
     forms::Form* activeForm_ = nullptr;
+};
+
+// The busy pointer for as long as the guard lives; it cannot be copied, so it is
+// put back exactly once, also when the work throws.
+class BusyPointer {
+public:
+    explicit BusyPointer(Host& host) : h_(host) { h_.SetBusy(true); }
+    ~BusyPointer() { h_.SetBusy(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+private:
+    Host& h_;
 };
 
 }  // namespace host

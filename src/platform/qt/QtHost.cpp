@@ -179,7 +179,7 @@ void QtHost::ShowForm(forms::Form& f, bool modal) {
     FormView& v = ViewFor(f);
     f.SetVisibleFlag(true);
     v.ShowWindow(modal);
-    ActivateForm(&f);
+    forms::ActivateForm(*this, &f);
     if (f.Loaded() && f.Visible() && View(f) == &v) {
         // As the old runtime: the first control in tab order starts with the focus.
         if (!f.ActiveControl()) {
@@ -212,7 +212,7 @@ void QtHost::ShowForm(forms::Form& f, bool modal) {
     }
     if (next) {
         View(*next)->activateWindow();
-        ActivateForm(next);
+        forms::ActivateForm(*this, next);
     }
 }
 
@@ -250,7 +250,7 @@ void QtHost::WindowActivated(FormView& v) {
     if (!f || ending_ || !f->Loaded() || !f->Visible()) return;
     // A window under a modal one is not the operator's to activate.
     if (QWidget* m = QApplication::activeModalWidget(); m && m != &v) return;
-    Call([&] { ActivateForm(f); });
+    Call([&] { forms::ActivateForm(*this, f); });
 }
 
 void QtHost::ScheduleEndCheck() {

@@ -227,7 +227,6 @@ long TextReader::InputLong() {
     return static_cast<long>(v);
 }
 
-double TextReader::InputDouble() { return Val(InputString()); }
 
 bool TextReader::InputBool() {
     const std::string t = Trim(InputString());

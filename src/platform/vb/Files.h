@@ -28,7 +28,6 @@ public:
     // where one line is one value and a stray quote must not swallow the rest.
     std::string InputStringOnLine();
     long InputLong();                     // Val of the field; 62 past the end
-    double InputDouble();
     // "True"/"#TRUE#" or a non-zero number; 13 otherwise (the field is used up all the same)
     bool InputBool();
     std::string LineInput();              // whole line without its end

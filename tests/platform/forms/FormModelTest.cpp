@@ -143,8 +143,8 @@ TEST_F(FormModel, ActivateFiresOnceForTheFormThatComesForward) {
     f.Show();
     other.Show();
     f.log.clear();
-    host.ActivateForm(&f);
-    host.ActivateForm(&f);
+    forms::ActivateForm(host, &f);
+    forms::ActivateForm(host, &f);
     EXPECT_EQ((std::vector<std::string>{"Activate"}), f.log);
     EXPECT_EQ((std::vector<std::string>{"Activate", "Deactivate"}), other.log);
 }

@@ -1,4 +1,4 @@
-#include "edit/SelIntFm.h"
+#include "reports/SelIntFm.h"
 
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"

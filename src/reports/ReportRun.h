@@ -1,0 +1,25 @@
+#pragma once
+// The run as the reports see it: the report screen, and the few things the
+// report screen asks of the edit screen, which sits a floor above and is
+// reached through the run that owns both.
+#include "lists/ListRun.h"
+
+class PrintReports;
+
+struct ReportRun : ListRun {
+    using ListRun::ListRun;
+
+    virtual PrintReports& Reports() = 0;
+    virtual bool ReportsLoaded() const = 0;
+
+    virtual bool EditLoaded() const = 0;
+    // The edit screen's "Show All".
+    virtual void ShowAllOnEdit() = 0;
+    // Reads the entry at CurrentIndex and shows it on the edit screen, as the
+    // one it was opened on.
+    virtual void ShowCurrentOnEdit() = 0;
+    // Editing one person from the report's preview begins and ends here.
+    virtual void EnterPreviewEdit() = 0;
+    virtual void LeavePreviewEdit() = 0;
+    virtual void ShowEdit() = 0;
+};
