@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "reports/Labels.h"
 #include "reports/Reports.h"
 #include "store/Attendance.h"
 #include "store/Records.h"
@@ -279,7 +281,7 @@ TEST(ListReportRules, TitlesByCodeAndKind) {
         s.Load({r}, 3);
         s.c.p.CrusadeName = "Riverside Hope";
         s.c.p.TeamNames[1] = "North";
-        s.c.p.SabAM[1] = 3;
+        s.c.p.SabAM[4] = 3;
         s.c.p.FilterTotalAttend = 4;
         s.SetList(k.kind, {k.key});
         if (std::string(k.kind) == "alpha") s.c.host.ExpectInput(ask, k.title);
@@ -323,5 +325,169 @@ TEST(DecisionReport, AppointmentColumnOfTheBaptismDecisionOnly) {
         ASSERT_NE(right, nullptr);
         EXPECT_EQ(k.right, right->text);
         EXPECT_NE(s.out.FindText("---------  p04"), nullptr);
+    }
+}
+
+// The middle columns of a one-line report by kind, and the groups of the zip
+// and baptism date lists with their totals.
+TEST(ListReportRules, ColumnsAndGroupsByKind) {
+    const std::string notes150(150, 'n');
+    struct Case {
+        int code;
+        const char* kind;
+        std::function<void(Sheet&, MasterRecord&, int)> set;
+        std::vector<std::string> texts;   // each printed, as "x|text"
+        std::vector<std::string> absent;
+    } cases[] = {
+        {10, "notes", [&](Sheet&, MasterRecord& r, int i) { r.Notes = i == 1 ? notes150 : "Call after six"; },
+         {"4.71|" + notes150, "4.71|Call after six"}, {notes150 + "-"}},
+        {8, "PreCrusade", [](Sheet&, MasterRecord& r, int) { r.Advertising = " Rd-Radio"; }, {"4.71|(Radio)"}, {}},
+        {1, "alphafilter", [](Sheet&, MasterRecord& r, int i) { r.MapCode = i == 1 ? "xxxx" : "N12"; },
+         {"8.50|Spr (62701) 555-0100", "8.50|Spr (N12) 555-0100"}, {}},
+        // Canadian zips group by their first three characters.
+        {4, "zip",
+         [](Sheet& s, MasterRecord& r, int i) {
+             s.c.p.CanadaSorter = true;
+             r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9";
+             r.City = i == 1 ? "Ottawa" : "Hull";
+         },
+         {"0.60|Zipcode # K1A        (Ottawa)"}, {"Zipcode # K1A        (Hull)"}},
+        {4, "zip", [](Sheet&, MasterRecord& r, int i) { r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9"; },
+         {"0.60|Zipcode # K1A 0B1    (Springfield)", "0.60|Zipcode # K1A 9Z9    (Springfield)"}, {}},
+        {5, "date",
+         [](Sheet&, MasterRecord& r, int i) {
+             r.BaptDate = "01/05/27";
+             r.IntLevel = i == 1 ? "G" : "A";
+         },
+         {"0.60|Baptisms for: 01/05/27  (2)", "1.00|Total Baptism Dates Set: ", "4.50| 2",
+          "1.00|Total Baptized to date: ", "4.50| 1", "1.00|Total to be Baptized: "},
+         {}},
+    };
+    for (const Case& k : cases) {
+        SCOPED_TRACE(std::to_string(k.code) + k.kind);
+        Sheet s;
+        std::vector<MasterRecord> people;
+        for (int i = 1; i <= 2; ++i) {
+            MasterRecord r = Sheet::Person(i);
+            k.set(s, r, i);
+            people.push_back(r);
+        }
+        s.Load(people, 3);
+        for (int i = 1; i <= 2; ++i) k.set(s, people[static_cast<std::size_t>(i) - 1], i);
+        s.SetList(k.kind, {"PERSON", "PERSON"});
+        s.Accept();
+        PrintOneLineReport(s.c.p, k.code);
+        std::vector<std::string> printed;
+        for (const Op* op : s.out.TextOps()) {
+            char x[16];
+            std::snprintf(x, sizeof x, "%.2f|", op->x);
+            printed.push_back(x + op->text);
+        }
+        for (const std::string& t : k.texts)
+            EXPECT_NE(std::find(printed.begin(), printed.end(), t), printed.end()) << t;
+        for (const std::string& t : k.absent) EXPECT_EQ(s.out.FindText(t), nullptr) << t;
+    }
+}
+
+// Two pages of the baptism and decision lists: the fields of a line, the
+// footer of page 2 and the totals.
+TEST(DecisionReport, LinesFootersAndTotalsOverTwoPages) {
+    struct Case { bool baptisms; std::vector<std::string> texts; } cases[] = {
+        {true,
+         {"0.80|1.  Person01, Ann", "9.10|Springfield, IL  62701", "13.00|555-0100", "18.40|06/07/90",
+          "1.00|Baptisms: Page 2", "16.50|Baptisms:", "19.50| 60"}},
+        {false,
+         {"1.00|Riverside Hope Crusade Decision: Keep Sabbath (60)", "0.80|00 1001 Person01, Ann",
+          "8.10|Spr62701      (555-0100)", "1.00|Keep Sabbath: Page 2", "0.80|Total Keep Sabbath Decisions: 60"}},
+    };
+    for (const Case& k : cases) {
+        SCOPED_TRACE(k.baptisms);
+        Sheet s;
+        std::vector<MasterRecord> people;
+        for (int i = 1; i <= 60; ++i) {
+            MasterRecord r = Sheet::Person(i);
+            r.IntLevel = "G";
+            r.Decisions = "XXXXXXXXX";
+            r.BirthDate = "06/07/90";
+            people.push_back(r);
+        }
+        s.Load(people, 3);
+        s.c.p.CrusadeName = "Riverside Hope";
+        s.c.p.DecisionNames[3] = "Keep Sabbath";
+        s.SetList(k.baptisms ? "baptism" : "decisions3", std::vector<std::string>(60, "PERSON"));
+        s.Accept();
+        std::int16_t n = 0;
+        k.baptisms ? PrintBaptisms(s.c.p) : PrintDecisions(s.c.p, n);
+        EXPECT_EQ(s.out.PagesPrinted(), 2);
+        std::vector<std::string> printed;
+        for (const Op* op : s.out.TextOps()) {
+            char x[16];
+            std::snprintf(x, sizeof x, "%.2f|", op->x);
+            printed.push_back(x + op->text.substr(0, op->text.find_last_not_of(' ') + 1));
+            if (op->text.find(": Page 2") != std::string::npos) { EXPECT_FLOAT_EQ(op->y, 26.1f); }
+        }
+        for (const std::string& t : k.texts)
+            EXPECT_NE(std::find(printed.begin(), printed.end(), t), printed.end()) << t;
+        // The decision list's date ends at the right edge, to the point.
+        if (const Op* date = s.out.FindText("Sunday, November 22, 2026"); !k.baptisms) {
+            ASSERT_NE(date, nullptr);
+            EXPECT_FLOAT_EQ(date->x + s.out.TextWidth(date->text), 20.0f);
+        }
+    }
+}
+
+// Each team counts its own pages, and a name with a baptism date is bold.
+TEST(ListReportRules, TeamPagesRestartAndBaptismDatesStandOut) {
+    Sheet s;
+    std::vector<MasterRecord> people;
+    std::vector<std::string> keys;
+    for (int i = 1; i <= 120; ++i) {
+        MasterRecord r = Sheet::Person(i);
+        r.WorkerCode = i <= 60 ? "01" : "02";
+        if (i == 2) r.BaptDate = "01/05/27";
+        people.push_back(r);
+        keys.push_back(r.WorkerCode.str() + "PERSON");
+    }
+    s.Load(people, 3);
+    s.c.p.TeamNames[1] = "North";
+    s.c.p.TeamNames[2] = "South";
+    s.SetList("wcalpha", keys);
+    s.Accept();
+    PrintWCReport(s.c.p, 1);
+    const std::string title = "      Team 02:  Fall Team Alphabetical List: Page 2";
+    const Op* footer = s.out.FindText("South" + title);
+    ASSERT_NE(footer, nullptr);
+    EXPECT_EQ(footer->y, 25.4f);
+    EXPECT_EQ(s.out.FindText("South      Team 02:  Fall Team Alphabetical List: Page 4"), nullptr);
+    EXPECT_TRUE(s.out.FindText("Person02, Ann")->font.Bold);
+    EXPECT_FALSE(s.out.FindText("Person03, Ann")->font.Bold);
+}
+
+// What an interest card says, row by row.
+TEST(InterestCardRules, CardTexts) {
+    MasterRecord r = MakePerson("1234", "Ann", "Lee");
+    r.WorkerCode = "07";
+    r.Age = "NIF";
+    r.Advertising = "Rd-Radio";
+    r.Visits = "p04";
+    struct Case { const char* map; const char* level; std::size_t row; const char* left; const char* right; } cases[] = {
+        {"none", "", 1, "Map Code:  ", "Visits: p04"},
+        {"xxxx", "B", 1, "Map Code:  ", "B/ Visits: p04"},
+        {"N12", "B", 1, "Map Code:N12", "B/ Visits: p04"},
+        {"N12", "B", 0, "Ann Lee                     ", "07/ 1234"},
+        {"N12", "B", 2, "12 Oak St", "Age: NIF"},
+        {"N12", "B", 3, "Springfield, IL  62701", "Religion: Baptist"},
+        {"N12", "B", 4, "555-0100", "Adv: Rd-Radio"},
+        {"N12", "B", 5, "1---------------------------------------    Decisions: ---------", ""},
+    };
+    for (const Case& k : cases) {
+        SCOPED_TRACE(k.row);
+        r.MapCode = k.map;
+        r.IntLevel = k.level;
+        const auto rows = CardTexts(r);
+        ASSERT_GT(rows.size(), k.row);
+        auto trimmed = [](std::string t) { return t.substr(0, t.find_last_not_of(' ') + 1); };
+        EXPECT_EQ(trimmed(k.left), trimmed(rows[k.row].first));
+        EXPECT_EQ(k.right, trimmed(rows[k.row].second));
     }
 }
