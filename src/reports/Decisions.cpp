@@ -97,7 +97,7 @@ void PrintDecisions(ReportRun& p, std::int16_t& DecisionNumber) {
             if (DecisionNumber == 9) {
                 out.Print(text + "  " + vb::Right(Trim(r.Visits), 3), true);
                 out.SetCurrentX(18.6f);
-                out.Print(Trim(r.BaptDate) != "" ? "Apt-CL" : (r.Class != 0 ? "Apt" : ""));
+                out.Print(HasBaptDate(r) ? "Apt-CL" : (r.Class != 0 ? "Apt" : ""));
             } else {
                 out.Print(text + "  " + r.Visits.str());
             }

@@ -167,7 +167,7 @@ struct OneLine {
         std::string name = r.WorkerCode.str() + " " + r.RNum.str() + " " + RTrim(r.LName) + ", " + RTrim(r.FName);
         if (code == 5 || (code == 6 && baptized)) name += BaptismMarks(r, marks);
         name = vb::Fixed(name, 30);
-        bool bold = code != 5 && !baptized && (Trim(r.BaptDate) != "" || r.Class != 0);
+        bool bold = code != 5 && !baptized && (HasBaptDate(r) || r.Class != 0);
         out.SetFont(bold ? Fonts::fntTimes8B : Fonts::fntTimes8);
         out.SetCurrentX(0.6f);
         out.Print(name, true);

@@ -62,6 +62,11 @@ bool DecisionIs(const MasterRecord& r, int idx, char c) {
     return idx > 0 && r.Decisions.At(idx) == c;
 }
 
+bool HasBaptDate(const MasterRecord& r) {
+    const std::string d = vb::Trim(r.BaptDate);
+    return d != "" && d != "12:00AM";
+}
+
 std::string BaptismMarks(const MasterRecord& r, const DecisionMarks& m) {
     std::string s;
     if (DecisionIs(r, m.BaptIdx, '-')) s += "*";

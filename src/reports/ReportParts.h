@@ -75,6 +75,8 @@ struct DecisionMarks {
 };
 DecisionMarks FindDecisionMarks(const ProgramState& p);
 bool DecisionIs(const MasterRecord& r, int idx, char c);
+// A baptism date is set: old files hold "12:00AM" for none.
+bool HasBaptDate(const MasterRecord& r);
 // "*" for a profession of faith, "(r)" for a re-baptism, as the printed reports mark them.
 std::string BaptismMarks(const MasterRecord& r, const DecisionMarks& m);
 

@@ -112,7 +112,7 @@ struct TeamReport {
         out.SetFont(Fonts::fntTimes8);
         out.SetCurrentX(0.8f);
         out.Print(r.WorkerCode.str() + " " + r.RNum.str() + " ", true);
-        if (Trim(r.BaptDate) != "") out.SetFont(Fonts::fntTimes8B);
+        if (HasBaptDate(r)) out.SetFont(Fonts::fntTimes8B);
         out.Print(RTrim(r.LName) + ", " + RTrim(r.FName), true);
         out.SetFont(Fonts::fntTimes8);
         out.SetCurrentX(4.91f);

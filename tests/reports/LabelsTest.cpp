@@ -68,6 +68,7 @@ TEST(Labels, MailLabelsFillSheetsOfThirtyFromTheOffsets) {
         const std::string first = "Pat Name" + std::to_string(1000 + (k.fromPage - 1) * 30);
         EXPECT_EQ("0.70 1.30", s.At(first));
         if (const Op* op = s.out.FindText(first)) { EXPECT_EQ(op->font, Fonts::fntTimes12); }
+        EXPECT_EQ("0.70 2.26", s.At("Springfield, IL  62701"));
     }
 }
 
