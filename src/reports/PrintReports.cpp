@@ -6,6 +6,7 @@
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
 #include "reports/ReportRun.h"
+#include "reports/ReportParts.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 
@@ -54,7 +55,7 @@ DecisionMarks FindDecisionMarks(const ProgramState& p) {
 
 std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std::string& kind,
                         const std::string& entry, DecisionMarks marks) {
-    const bool dated = !Blank(r.BaptDate);
+    const bool dated = HasBaptDate(r);   // a stored "12:00AM" is no date
     const bool baptized = r.IntLevel == "G";
     std::string head = r.WorkerCode.str() + " " + r.RNum.str() + " ";
     if (dated) head += baptized ? " " : "#";
