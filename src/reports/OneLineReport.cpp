@@ -1,5 +1,6 @@
 // The one-line list reports: one person a line, grouped by the code's key.
 #include <algorithm>
+#include <cctype>
 #include <functional>
 #include <vector>
 
@@ -115,6 +116,17 @@ std::string TitleFor(ReportRun& p, int& code, int present) {
     if (Left(s, 11) == "NoAssignedI") return ", Need Interest Level Assigned  (" + n + ")";
     std::string t = p.host.InputBox("Enter the Title you desire for this report.", "Report Title",
                                     " Names Selected From the Main File");
+    if (t.empty()) return t;
+    // The crusade's name stands in front of every title: typed again it is printed once,
+    // and a typed word does not run into it.
+    const std::string name = vb::Trim(p.CrusadeName);
+    const std::string typed = vb::LTrim(t);
+    if (!name.empty() && vb::UCase(Left(typed, static_cast<long>(name.size()))) == vb::UCase(name)) {
+        t = Mid(typed, static_cast<long>(name.size()) + 1);
+        if (t.empty()) return " ";
+    }
+    const unsigned char first = static_cast<unsigned char>(t[0]);
+    if (std::isalnum(first) || first >= 0x80) t = " " + t;
     return t;
 }
 

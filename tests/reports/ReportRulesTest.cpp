@@ -294,6 +294,26 @@ TEST(ListReportRules, TitlesByCodeAndKind) {
         // Without page breaks the team's heading stands under the title.
         if (k.team && (k.code == 4 || k.code == 8)) { EXPECT_NE(s.out.FindText("Team 01  North"), nullptr); }
     }
+    // A typed title: the crusade's name printed once, and never run into the first word.
+    const std::pair<const char*, const char*> typed[] = {
+        {" Names Selected From the Main File", "Riverside Hope Names Selected From the Main File"},
+        {"Riverside Hope Master List", "Riverside Hope Master List"},
+        {"riverside hope: Visitors", "Riverside Hope: Visitors"},
+        {"Visitors", "Riverside Hope Visitors"},
+        {"Riverside Hope", "Riverside Hope "},
+    };
+    for (const auto& [answer, title] : typed) {
+        SCOPED_TRACE(answer);
+        Sheet s;
+        s.Load({Sheet::Person(1)}, 3);
+        s.c.p.CrusadeName = "Riverside Hope";
+        s.SetList("alpha", {"PERSON"});
+        s.c.host.ExpectInput(ask, answer);
+        s.Accept();
+        PrintOneLineReport(s.c.p, 10);
+        ASSERT_FALSE(s.out.TextsOnPage(1).empty());
+        EXPECT_EQ(title, s.out.TextsOnPage(1)[0]);
+    }
 }
 
 // The far right of the baptism decision's list: "Apt" for an interview set,
