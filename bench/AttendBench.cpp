@@ -50,7 +50,7 @@ struct Door {
         p->ScratchValue = std::to_string(m);
         AttendF& a = p->Attend();
         a.Show();
-        p->host.ActivateForm(&a);
+        forms::ActivateForm(p->host, &a);
         return a;
     }
     void Key(AttendF& a, int index) {

@@ -17,8 +17,6 @@ namespace {
 
 constexpr int px = TwipsPerPixel;
 
-bool Blank(const std::string& s) { return Trim(s).empty(); }
-
 char DecisionAt(const MasterRecord& r, int i) { return i >= 1 ? r.Decisions.At(i) : ' '; }
 
 std::string TwoDigits(int n) { return Format(n, "00"); }
@@ -55,7 +53,7 @@ DecisionMarks FindDecisionMarks(const ProgramState& p) {
 
 std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std::string& kind,
                         const std::string& entry, DecisionMarks marks) {
-    const bool dated = HasBaptDate(r);   // a stored "12:00AM" is no date
+    const bool dated = reports::HasBaptDate(r);   // a stored "12:00AM" is no date
     const bool baptized = r.IntLevel == "G";
     std::string head = r.WorkerCode.str() + " " + r.RNum.str() + " ";
     if (dated) head += baptized ? " " : "#";

@@ -270,7 +270,7 @@ TEST_F(Door, LiveComesBackWheneverTheScreenIsActiveAgain) {
     c.host.OnModal("AttendFieldUpdate",
                    [](Form& f) { static_cast<AttendFieldUpdate&>(f).CancelAttendUpdate.UserClick(); });
     a.Attendance.UserClick();
-    c.p.host.ActivateForm(&a);   // back from the dialog
+    forms::ActivateForm(c.p.host, &a);   // back from the dialog
     EXPECT_TRUE(a.optVid[0].Value());
     Key("0012");
     EXPECT_EQ(Att("1-3"), c.ReadRecord(1).Attendance.str());
