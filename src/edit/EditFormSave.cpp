@@ -63,11 +63,12 @@ void EditForm::ScreenToRecord() {
     Take(r.BirthDate, BirthDate);
     r.MarkToVisit = chkMarkToVisit.Value() == vbChecked ? -1 : 0;
     Take(r.Email, txtEmail);
-    if (p.AddMode) return;
     // A box that still shows what the file holds keeps the file's bytes, so that a person
     // only looked at is never rewritten: older files hold -1 or 1 for a ticked box, a
     // "12:00AM" baptism date shows empty, and the notes of an imported file may hold a comma.
+    // A new card has no file bytes; the person shown as add mode begins is still one read.
     const MasterRecord& u = p.UndoRec;
+    if (p.AddMode && RNum.Text() != RTrim(u.RNum)) return;
     for (auto [field, stored] : {std::pair{&r.MailList, u.MailList}, std::pair{&r.Class, u.Class},
                                  std::pair{&r.MarkToVisit, u.MarkToVisit}})
         if ((*field != 0) == (stored != 0)) *field = stored;

@@ -101,7 +101,7 @@ TEST(Preview, LineFormatsOfEveryKind) {
          "07 0042 #Lamb, Mary(r)          -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------  p04 Apt-CL"},
         // An old file's "12:00AM" is no date: an appointment, not a baptism class.
         {"decisions9", [](MasterRecord& r) { r.Class = -1; r.BaptDate = "12:00AM"; },
-         "07 0042 @Lamb, Mary(r)          -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------  p04 Apt"},
+         "07 0042 @Lamb, Mary             -3-5-7-9-1-3-5-7-9-1-3-5/B  X--------  p04 Apt"},
         {"religion", nullptr, "07 0042  Lamb, Mary             -3-5-7-9-1-3-5-7-9-1-3-5 B  (Baptist)"},
         {"BaptClass", nullptr, "07 0042  Lamb, Mary             -3-5-7-9-1-3-5-7-9-1-3-5 B  (Monday:    7:00 PM)"},
         {"zip", nullptr, "07 0042  Lamb, Mary             (62701Sprin) 12 Oak St                   -3-5-7-9-1"},
