@@ -2,6 +2,7 @@
 
 #include "platform/vb/Strings.h"
 #include "store/Records.h"
+#include "store/SortIndex.h"
 #include "store/State.h"
 
 using namespace vb;
@@ -48,7 +49,11 @@ std::string ListEntry(const ProgramState& p, const std::string& oldEntry, long n
     if (kind == "date") return num + DateKey(r.BaptDate) + FullPart(r) + ptr;
     if (kind == "FutureBapDateSet") return num + r.BaptDate.str() + LongUpperPart(r) + ptr;
     // Keys that hang on a choice made when the list was built: keep the middle.
-    if (oldEntry.size() >= 8) return num + oldEntry.substr(4);
+    if (oldEntry.size() >= 8) {
+        std::string kept = oldEntry;
+        SetEntryPart(kept, EntryPart::Number, num);
+        return kept;
+    }
     return AlphaEntry(p, n);
 }
 

@@ -26,3 +26,8 @@ bool FullLoadPass(ProgramState& p);
 void CountZips(ProgramState& p);
 // The list patched for a new person at record n, an entry at the end.
 void AddIndexEntry(ProgramState& p, long n);
+// The parts of an entry rewritten in place: the person's number in front, and
+// the household number that the clean mail list puts after its key.
+enum class EntryPart { Number, Household };
+// Overwrites that part of the entry with text, cut to the part's width.
+void SetEntryPart(std::string& entry, EntryPart part, const std::string& text);
