@@ -10,7 +10,6 @@
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "program/Program.h"
-#include "store/Members.h"
 #include "store/Info.h"
 #include "store/Records.h"
 #include "support/QuietHost.h"
@@ -30,12 +29,7 @@ struct FullCrusade {
     std::unique_ptr<Program> p;
     FullCrusade() {
         p = std::make_unique<Program>(host, Generated().Folder());
-        p->DataFile = Generated().Path(9999);
-        p->DataFolder = Generated().Folder();
-        // The tables as the generator leaves them in memory.
-        LoadInfo(*p);
-        LoadZips(*p);
-        LoadMembers(*p);
+        Generated().Use(*p, 9999);
         p->Loaded = true;
         OpenRecordFile(*p);
         FullLoad(*p);

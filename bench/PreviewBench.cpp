@@ -8,8 +8,6 @@
 #include "GeneratedCrusades.h"
 #include "program/Program.h"
 #include "reports/PrintReports.h"
-#include "store/Info.h"
-#include "store/Members.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "support/QuietHost.h"
@@ -28,12 +26,7 @@ struct FullPreview {
     std::unique_ptr<Program> p;
     FullPreview() {
         p = std::make_unique<Program>(host, Generated().Folder());
-        p->DataFile = Generated().Path(9999);
-        p->DataFolder = Generated().Folder();
-        // The tables as the generator leaves them in memory.
-        LoadInfo(*p);
-        LoadZips(*p);
-        LoadMembers(*p);
+        Generated().Use(*p, 9999);
         p->Loaded = true;
         OpenRecordFile(*p);
         FullLoadPass(*p);
