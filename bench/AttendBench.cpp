@@ -7,11 +7,11 @@
 #include <memory>
 #include <unistd.h>
 
+#include "GeneratedCrusades.h"
 #include "attend/AttendF.h"
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "program/Program.h"
-#include "store/Generator.h"
 #include "store/Info.h"
 #include "store/Records.h"
 #include "support/QuietHost.h"
@@ -20,18 +20,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
+GeneratedCrusades& Generated() {
+    static GeneratedCrusades crusades("vestrel-bench-door-");
+    return crusades;
+}
+
 struct Door {
-    Door() : folder(fs::temp_directory_path() / ("vestrel-bench-door-" + std::to_string(::getpid()))) {
-        fs::create_directories(folder / "data");
-        std::string path = (folder / "data" / "Bench.dta").string();
-        {
-            QuietHost gen;
-            Program maker(gen, folder.string());
-            GenerateCrusade(maker, path, 9999, 2026, 24);
-        }
-        p = std::make_unique<Program>(host, folder.string());
+    Door() {
+        const std::string& path = Generated().Path(9999);
+        p = std::make_unique<Program>(host, Generated().Folder());
         p->DataFile = path;
-        p->DataFolder = (folder / "data").string();
+        p->DataFolder = Generated().Folder();
         p->Loaded = true;
         LoadInfo(*p);
         OpenRecordFile(*p);
@@ -41,8 +40,6 @@ struct Door {
     ~Door() {
         p->File1.Close();
         p.reset();
-        std::error_code ec;
-        fs::remove_all(folder, ec);
     }
     // Opens the screen on meeting m, as the start command leaves it.
     AttendF& Open(int m) {
@@ -57,7 +54,6 @@ struct Door {
         a.SearchBox.SetText(p->SortIndex[index].substr(0, 4));
         a.EnterTicket();
     }
-    fs::path folder;
     QuietHost host;
     std::unique_ptr<Program> p;
 };

@@ -6,10 +6,10 @@
 #include <filesystem>
 #include <unistd.h>
 
+#include "GeneratedCrusades.h"
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "program/Program.h"
-#include "store/Generator.h"
 #include "store/Info.h"
 #include "store/Records.h"
 #include "support/QuietHost.h"
@@ -19,14 +19,17 @@ using namespace forms;
 
 namespace {
 
+GeneratedCrusades& Generated() {
+    static GeneratedCrusades crusades("vestrel-bench-edit-");
+    return crusades;
+}
+
 struct FullCrusade {
-    fs::path folder = fs::temp_directory_path() / ("vestrel-bench-edit-" + std::to_string(::getpid()));
     QuietHost host;
     std::unique_ptr<Program> p;
     FullCrusade() {
-        fs::create_directories(folder);
-        p = std::make_unique<Program>(host, folder.string());
-        GenerateCrusade(*p, (folder / "Full.dta").string(), 9999, 2026, 24);
+        p = std::make_unique<Program>(host, Generated().Folder());
+        Generated().Use(*p, 9999);
         p->Loaded = true;
         OpenRecordFile(*p);
         FullLoad(*p);
@@ -34,8 +37,6 @@ struct FullCrusade {
     ~FullCrusade() {
         p->File1.Close();
         p.reset();
-        std::error_code ec;
-        fs::remove_all(folder, ec);
     }
 };
 

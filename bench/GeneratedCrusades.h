@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include "store/Generator.h"
+#include "store/Info.h"
+#include "store/Members.h"
 #include "store/State.h"
 #include "support/QuietHost.h"
 
@@ -33,6 +35,14 @@ public:
         return made_[people] = path;
     }
     const std::string& Folder() const { return folder_.native(); }
+    // Points p at the crusade of that size with its tables read, as the generator leaves them.
+    void Use(ProgramState& p, int people) {
+        p.DataFile = Path(people);
+        p.DataFolder = Folder();
+        LoadInfo(p);
+        LoadZips(p);
+        LoadMembers(p);
+    }
 
 private:
     std::filesystem::path folder_;

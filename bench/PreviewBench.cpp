@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <unistd.h>
 
+#include "GeneratedCrusades.h"
 #include "program/Program.h"
 #include "reports/PrintReports.h"
-#include "store/Generator.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "support/QuietHost.h"
@@ -16,14 +16,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
+GeneratedCrusades& Generated() {
+    static GeneratedCrusades crusades("vestrel-bench-preview-");
+    return crusades;
+}
+
 struct FullPreview {
-    fs::path folder = fs::temp_directory_path() / ("vestrel-bench-preview-" + std::to_string(::getpid()));
     QuietHost host;
     std::unique_ptr<Program> p;
     FullPreview() {
-        fs::create_directories(folder);
-        p = std::make_unique<Program>(host, folder.string());
-        GenerateCrusade(*p, (folder / "Full.dta").string(), 9999, 2026, 24);
+        p = std::make_unique<Program>(host, Generated().Folder());
+        Generated().Use(*p, 9999);
         p->Loaded = true;
         OpenRecordFile(*p);
         FullLoadPass(*p);
@@ -33,8 +36,6 @@ struct FullPreview {
     ~FullPreview() {
         p->File1.Close();
         p.reset();
-        std::error_code ec;
-        fs::remove_all(folder, ec);
     }
 };
 

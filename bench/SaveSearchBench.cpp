@@ -6,10 +6,10 @@
 #include <memory>
 #include <unistd.h>
 
+#include "GeneratedCrusades.h"
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "program/Program.h"
-#include "store/Generator.h"
 #include "store/Info.h"
 #include "store/Records.h"
 #include "support/QuietHost.h"
@@ -18,19 +18,18 @@ namespace fs = std::filesystem;
 
 namespace {
 
+GeneratedCrusades& Generated() {
+    static GeneratedCrusades crusades("vestrel-bench-save-");
+    return crusades;
+}
+
 // One generated crusade, loaded on the edit screen, for the whole run.
 struct Screen {
-    Screen() : folder(fs::temp_directory_path() / ("vestrel-bench-save-" + std::to_string(::getpid()))) {
-        fs::create_directories(folder / "data");
-        std::string path = (folder / "data" / "Bench.dta").string();
-        {
-            QuietHost gen;
-            Program maker(gen, folder.string());
-            GenerateCrusade(maker, path, 9999, 2026, 24);
-        }
-        p = std::make_unique<Program>(host, folder.string());
+    Screen() {
+        const std::string& path = Generated().Path(9999);
+        p = std::make_unique<Program>(host, Generated().Folder());
         p->DataFile = path;
-        p->DataFolder = (folder / "data").string();
+        p->DataFolder = Generated().Folder();
         p->Loaded = true;
         LoadInfo(*p);
         OpenRecordFile(*p);
@@ -40,10 +39,7 @@ struct Screen {
     ~Screen() {
         p->File1.Close();
         p.reset();
-        std::error_code ec;
-        fs::remove_all(folder, ec);
     }
-    fs::path folder;
     QuietHost host;
     std::unique_ptr<Program> p;
     EditForm* e = nullptr;

@@ -4,10 +4,9 @@
 #include "edit/EditForm.h"
 #include "edit/FieldRules.h"
 #include "edit/Navigate.h"
-#include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"
-#include "store/ListEntry.h"
+#include "store/WriteBack.h"
 #include "store/Records.h"
 
 using namespace forms;
@@ -317,17 +316,7 @@ bool AttendF::SaveRecord() {
     r.Attend = Attended;
     r.Last = static_cast<std::int16_t>(LastAttended);
     r.Decisions = DecisionText;
-    try {
-        PutRecord(p, p.RecordPos);
-    } catch (const RuntimeError& e) {
-        p.host.MsgBox("The record could not be written to the disk (" + e.Description() + ")." + p.CrLf +
-                          "Nothing was changed in the file and the person is still on the screen." + p.CrLf +
-                          "Make room on the disk or check it, then try again.",
-                      host::vbCritical, "Record Not Saved");
-        return false;
-    }
-    if (p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount)
-        p.SortIndex[p.CurrentIndex] = ListEntry(p, p.SortIndex[p.CurrentIndex], p.RecordPos);
+    if (!WriteBack(p, "the person")) return false;
     p.UndoRec = r;
     RefreshCaption();
     return true;

@@ -147,6 +147,8 @@ private:
     // Back to the common end of an entry: the person at CurrentIndex on screen, the box empty.
     void EndEntry();
     void ClearPendingDecision();
+    // Counts the marks of s and puts them on the person and on the screen.
+    void Recount(const std::string& s, std::int16_t keptLast);
     void ChangeMeeting(int m);
     std::string openRNum_;
     int classAtPress_ = -1;

@@ -55,7 +55,7 @@ void AttendF::SearchBox_KeyDown(int& KeyCode, int) {
         KeyCode = 0;
         Exit_Click();
         break;
-    case 999:
+    case 999:   // no key has this code: the program sends it to mark the person shown without a search
         KeyCode = 0;
         Mark();
         SaveRecord();
@@ -134,19 +134,7 @@ void AttendF::EnterTicket() {
         return;
     }
     if (!cancelled) {
-        EntInd.SetText("?");
-        SDAIdent.SetText(text + " Not in file");
-        std::string sound = "clunk";
-        const std::string find = UCase(raw);
-        for (int m = 1; m <= p.MemberCount && m < static_cast<int>(p.MemberList.size()); ++m) {
-            const std::string& line = p.MemberList[m];
-            if (InStr(UCase(line), find) == 0) continue;
-            EntInd.SetText("SDA");
-            SDAIdent.SetText(vb::Left(line, 4) + " " + Mid(line, 20, 1) + ". " + Mid(line, 5, 15));
-            sound = "chimes";
-            break;
-        }
-        PlaySound(p, sound);
+        PlaySound(p, LookUpMember(p, EntInd, SDAIdent, text, raw, false));
         p.ScratchText = "NotFound";
     }
     p.CurrentIndex = held;
@@ -175,14 +163,15 @@ void AttendF::Mark() {
     // A decision letter wins over Video, Video over the night's digit.
     if (PendingDecision != "-" && !PendingDecision.empty()) s[at] = PendingDecision[0];
     else s[at] = optVid[1].Value() ? 'V' : LastDigit(m);
-    std::int16_t last = 0;
-    std::int16_t total = CountAttendance(s, last);
+    Recount(s, 0);
+}
+
+void AttendF::Recount(const std::string& s, std::int16_t keptLast) {
     p.MasterRec.Attendance = s;
-    p.MasterRec.Attend = CStr(static_cast<long>(total));
-    p.MasterRec.Last = last;
-    Attendance.SetText(s);
-    Attended = CStr(static_cast<long>(total));
-    LastAttended = last;
+    CountAttendance(p.MasterRec, keptLast);
+    Attendance.SetText(p.MasterRec.Attendance.str());
+    Attended = RTrim(p.MasterRec.Attend);
+    LastAttended = p.MasterRec.Last;
 }
 
 void AttendF::Decisions() {
@@ -294,14 +283,7 @@ void AttendF::Undo_Click() {
     }
     s[static_cast<std::size_t>(m - 1)] = '-';
     // A person whose only mark goes keeps this meeting as his last, with no total.
-    std::int16_t last = static_cast<std::int16_t>(m);
-    std::int16_t total = CountAttendance(s, last);
-    p.MasterRec.Attendance = s;
-    p.MasterRec.Attend = CStr(static_cast<long>(total));
-    p.MasterRec.Last = last;
-    Attendance.SetText(s);
-    Attended = CStr(static_cast<long>(total));
-    LastAttended = last;
+    Recount(s, static_cast<std::int16_t>(m));
     if (EnteredCount > 0) --EnteredCount;
     SaveRecord();
     const std::string& nl = p.CrLf;
@@ -361,7 +343,7 @@ void AttendF::RNum_LostFocus() {
     }
     RNum.SetText(number);
     openRNum_ = number;
-    if (p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount) MidAssign(p.SortIndex[p.CurrentIndex], 1, number, 4);
+    if (p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount) SetEntryPart(p.SortIndex[p.CurrentIndex], EntryPart::Number, number);
 }
 
 void AttendF::Attendance_Click() {
@@ -470,18 +452,7 @@ void AttendF::Class_MouseUp(int, int, float, float) {
 }
 
 void AttendF::IntLevel_Change() {
-    if (showing_) return;
-    std::string up = UCase(IntLevel.Text());
-    if (up != IntLevel.Text()) {
-        IntLevel.SetText(up);
-        return;
-    }
-    if (up.empty() || up == " " || (up.size() == 1 && up[0] >= 'A' && up[0] <= 'G')) return;
-    const std::string own = UCase(RTrim(p.MasterRec.IntLevel));
-    if (up == own) return;
-    p.host.MsgBox("You must enter a letter between A and G or the Space Bar", host::vbCritical, "Incorret Interest Level");
-    IntLevel.SetText(own);
-    IntLevel.SetFocus();
+    if (!showing_) IntLevelChange(p, IntLevel);
 }
 
 void AttendF::Baptized_Click() {

@@ -191,20 +191,7 @@ void EditForm::Dec_MouseUp(int Index, int, int, float, float) {
     for (int i = 0; i <= 8; ++i) ToggleDecision(i);
 }
 
-void EditForm::IntLevel_Change() {
-    std::string up = UCase(IntLevel.Text());
-    if (up != IntLevel.Text()) {
-        IntLevel.SetText(up);   // runs this rule again on the upper-cased text
-        return;
-    }
-    if (up.empty() || up == " " || (up.size() == 1 && up[0] >= 'A' && up[0] <= 'G')) return;
-    // A damaged letter in the file is shown as it is; only typing is refused.
-    const std::string own = UCase(RTrim(p.MasterRec.IntLevel));
-    if (up == own) return;
-    p.host.MsgBox("You must enter a letter between A and G or the Space Bar", host::vbCritical, "Incorret Interest Level");
-    IntLevel.SetText(own);
-    IntLevel.SetFocus();
-}
+void EditForm::IntLevel_Change() { IntLevelChange(p, IntLevel); }
 
 void EditForm::Baptized_Click() {
     if (Baptized.Value() == vbChecked) {

@@ -10,6 +10,7 @@
 #include "store/Meetings.h"
 #include "store/PreCrusade.h"
 #include "store/Records.h"
+#include "store/SortIndex.h"
 #include "store/Sounds.h"
 #include "store/ZipTable.h"
 
@@ -270,10 +271,8 @@ void EditForm::RNum_LostFocus() {
         } else {
             RNum.SetText(number);
             OpenRNum = number;
-            if (!p.AddMode && p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount) {
-                std::string& entry = p.SortIndex[static_cast<std::size_t>(p.CurrentIndex)];
-                MidAssign(entry, 1, number, 4);
-            }
+            if (!p.AddMode && p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount)
+                SetEntryPart(p.SortIndex[static_cast<std::size_t>(p.CurrentIndex)], EntryPart::Number, number);
         }
     } else {
         RNum.SetText(RTrim(p.MasterRec.RNum));

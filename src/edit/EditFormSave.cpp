@@ -12,6 +12,7 @@
 #include "store/Meetings.h"
 #include "store/Records.h"
 #include "store/Sounds.h"
+#include "store/WriteBack.h"
 
 using namespace forms;
 using namespace vb;
@@ -91,19 +92,11 @@ bool EditForm::SaveChanges() {
                    r.RelPref != u.RelPref || r.Notes != u.Notes || r.Decisions != u.Decisions ||
                    r.Class != u.Class || r.BaptDate != u.BaptDate || r.IntFlag != u.IntFlag ||
                    r.BirthDate != u.BirthDate || r.MarkToVisit != u.MarkToVisit || r.Email != u.Email;
+    // With nobody in the list there is no place to write the card to: the run ends, without a word.
     if (p.IndexCount == 0) p.End();
     bool inList = p.CurrentIndex >= 1 && p.CurrentIndex < static_cast<int>(p.SortIndex.size());
     if (differs || (inList && p.SortIndex[p.CurrentIndex] == "NotSavedYet")) {
-        try {
-            PutRecord(p, p.RecordPos);
-        } catch (const RuntimeError& e) {
-            p.host.MsgBox("The record could not be written to the disk (" + e.Description() + ")." + p.CrLf +
-                              "Nothing was changed in the file and the card is still on the screen." + p.CrLf +
-                              "Make room on the disk or check it, then try again.",
-                          host::vbCritical, "Record Not Saved");
-            return false;
-        }
-        if (inList) p.SortIndex[p.CurrentIndex] = ListEntry(p, p.SortIndex[p.CurrentIndex], p.RecordPos);
+        if (!WriteBack(p, "the card")) return false;
         p.LastUpdated = FormatDate(p.host.Now(), "mm/dd/yy");
         p.IsNewFile = false;
     }

@@ -1,5 +1,6 @@
 // Finding people: the search box (number or last name, then the member file) and global search.
 #include "edit/EditForm.h"
+#include "edit/FieldRules.h"
 #include "edit/Navigate.h"
 #include "lists/Lists.h"
 #include "platform/vb/Strings.h"
@@ -132,29 +133,8 @@ void EditForm::SearchFor(const std::string& typed) {
     }
 
     // Not in the list: perhaps a member of the church. The person on screen stays.
-    EntInd.SetText("?");
-    SDAIdent.SetText(text + " Not in file");
-    std::string sound = "clunk";
-    const std::string find = UCase(memberKey);
-    for (int m = 1; m <= p.MemberCount && m < static_cast<int>(p.MemberList.size()); ++m) {
-        const std::string& entry = p.MemberList[m];
-        if (InStr(UCase(entry), find) == 0) continue;
-        if (!byNumber) {
-            std::string rest = Mid(entry, 5);
-            long blank = InStr(rest, " ");
-            std::string last = blank > 0 ? vb::Left(rest, blank - 1) : rest;
-            std::string after = blank > 0 ? Trim(Mid(rest, blank + 1)) : std::string();
-            int a = p.host.MsgBox(vb::Left(entry, 4) + " " + last + ", " + after + "   (SDA)" + nl + nl +
-                                      "Is this the Correct Name?",
-                                  host::vbYesNoCancel | host::vbQuestion, "Searching SDA File for Last Name");
-            if (a == host::vbNo) continue;
-            if (a == host::vbCancel) return;
-        }
-        EntInd.SetText("SDA");
-        SDAIdent.SetText(vb::Left(entry, 4) + " " + Mid(entry, 20, 1) + ". " + Mid(entry, 5, 15));
-        sound = "chimes";
-        break;
-    }
+    const std::string sound = LookUpMember(p, EntInd, SDAIdent, text, memberKey, !byNumber);
+    if (sound.empty()) return;
     SearchBox.SetText("");
     PlaySound(p, sound);
 }

@@ -6,6 +6,7 @@
 #include "lists/ListRun.h"
 #include "lists/Lists.h"
 #include "platform/vb/Strings.h"
+#include "store/SortIndex.h"
 
 using namespace vb;
 
@@ -108,7 +109,7 @@ bool BuildCleanMailList(ListRun& p) {
         } else {
             std::string number = Right("0000" + CStr(group), 4);
             for (int k = i; k <= end; ++k) {
-                s[k].replace(77, 4, number);
+                SetEntryPart(s[k], EntryPart::Household, number);
                 output.push_back(std::move(s[k]));
             }
             ++p.FamilyCount;

@@ -22,9 +22,9 @@ std::int16_t CountAttendance(char* attendance, std::size_t size, std::int16_t& l
     return total;
 }
 
-void CountAttendance(MasterRecord& r) {
+void CountAttendance(MasterRecord& r, std::int16_t keptLast) {
     std::string text = r.Attendance;
-    std::int16_t last = 0;
+    std::int16_t last = keptLast;
     std::int16_t total = CountAttendance(text, last);
     r.Attendance = text;
     r.Attend = vb::CStr(static_cast<long>(total));

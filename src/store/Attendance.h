@@ -13,8 +13,8 @@ std::int16_t CountAttendance(std::string& attendance, std::int16_t& last);
 // The same over the bytes of a record in place, for passes that do not decode it.
 std::int16_t CountAttendance(char* attendance, std::size_t size, std::int16_t& last);
 // The same over a record: Attendance cleaned, Attend and Last set from it.
-// Last is 0 when nobody marked anything.
-void CountAttendance(MasterRecord& r);
+// Last is `keptLast` when nobody marked anything.
+void CountAttendance(MasterRecord& r, std::int16_t keptLast = 0);
 // The last character of the decimal text of n: what a live mark at meeting n writes.
 char LastDigit(int n);
 // Attended 4 or more meetings.

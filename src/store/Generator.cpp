@@ -76,6 +76,7 @@ const char* const FemaleNames[] = {
     "Samantha", "Katherine", "Christine", "Debra", "Rachel", "Catherine", "Carolyn", "Janet", "Ruth", "Maria",
     "Heather", "Diane", "Virginia", "Julie", "Joyce", "Victoria", "Olivia", "Kelly", "Christina", "Lauren",
     "Joan", "Evelyn", "Judith", "Megan", "Cheryl", "Andrea", "Hannah", "Martha", "Jacqueline", "Frances",
+    // A hex escape swallows the hex letters after it: the literal is split so "e" stays a letter.
     "Gloria", "Ann", "Ren\xE9" "e", "Zo\xEB", "Ang\xE9" "lica", "In\xE9s", "Rosa", "Guadalupe", "Latoya", "Ebony",
     "Keisha", "Mae", "Esther", "Naomi", "Lydia", "Ruby", "Hazel", "Mildred", "Bernice", "Gladys"};
 const char* const LastNames[] = {

@@ -528,3 +528,7 @@ bool FullLoadPass(ProgramState& p) {
     zips.Finish();
     return true;
 }
+
+void SetEntryPart(std::string& entry, EntryPart part, const std::string& text) {
+    vb::MidAssign(entry, part == EntryPart::Number ? 1 : 78, text, 4);
+}

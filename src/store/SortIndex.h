@@ -22,3 +22,8 @@ void RebuildAlpha(ProgramState& p);
 bool FullLoadPass(ProgramState& p);
 // Recounts the people of each zip of the zip table.
 void CountZips(ProgramState& p);
+// The parts of an entry rewritten in place: the person's number in front, and
+// the household number that the clean mail list puts after its key.
+enum class EntryPart { Number, Household };
+// Overwrites that part of the entry with text, cut to the part's width.
+void SetEntryPart(std::string& entry, EntryPart part, const std::string& text);

@@ -85,10 +85,13 @@ TEST_F(Codes, DecisionsInterestAndBaptism) {
     p.MasterRec.IntLevel = "C";
     e.IntLevel.SetText("b");
     EXPECT_EQ("B", e.IntLevel.Text());
-    c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
-    e.IntLevel.SetText("x");
-    EXPECT_EQ("C", e.IntLevel.Text());
-    EXPECT_TRUE(e.IntLevel.HasFocus());
+    for (const char* typed : {"x", "h"}) {
+        e.IntLevel.SetText("b");
+        c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
+        e.IntLevel.SetText(typed);
+        EXPECT_EQ("C", e.IntLevel.Text()) << typed;
+        EXPECT_TRUE(e.IntLevel.HasFocus());
+    }
 
     // Baptized: G and today's date; cleared asks for the right level.
     e.BaptDate.SetText("");
