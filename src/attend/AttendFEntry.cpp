@@ -4,8 +4,8 @@
 
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
-#include "edit/Delete.h"
-#include "edit/FieldRules.h"
+#include "edit/EditForm.h"
+#include "store/FieldRules.h"
 #include "edit/Navigate.h"
 #include "edit/Prayer.h"
 #include "platform/vb/DateTime.h"
@@ -14,6 +14,7 @@
 #include "store/Attendance.h"
 #include "store/ListEntry.h"
 #include "store/Meetings.h"
+#include "store/Members.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "store/Sounds.h"

@@ -1,10 +1,8 @@
-#include "edit/FieldRules.h"
+#include "store/FieldRules.h"
 
 #include <algorithm>
 
-#include "platform/forms/Control.h"
 #include "platform/vb/Strings.h"
-#include "store/State.h"
 
 using namespace vb;
 
@@ -204,22 +202,4 @@ bool StepDate(const std::string& text, int days, std::string& out) {
     auto two = [](int n) { return Right("0" + CStr(n), 2); };
     out = two(month) + "/" + two(day) + t.substr(5);
     return true;
-}
-
-void NotesKeyDown(ProgramState& p, forms::TextBox& notes, int& KeyCode) {
-    std::size_t len = notes.Text().size();
-    if (len >= 150) {
-        p.host.MsgBox("You have reached the limit for Notes." + p.CrLf +
-                      "The maximum length allowed for notes is 150 characters.");
-        notes.SetText(Left(notes.Text(), 150));
-    } else if (len == 140) {
-        p.host.MsgBox("You only have space for 10 more characters in this box.");
-    }
-    if (KeyCode == forms::vbKeyReturn) {
-        p.host.MsgBox("You cannot enter multiple lines in this box.");
-        KeyCode = 0;
-    } else if (KeyCode == 188) {
-        p.host.MsgBox("You cannot enter a comma in this box.");
-        KeyCode = 0;
-    }
 }

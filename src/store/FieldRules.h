@@ -4,13 +4,6 @@
 #include <array>
 #include <string>
 
-namespace forms { class TextBox; }
-struct ProgramState;
-
-// The Notes box at a key, on the edit and the door screens: 150 characters at
-// most, one line, no comma. A refused key is set to 0.
-void NotesKeyDown(ProgramState& p, forms::TextBox& notes, int& KeyCode);
-
 // An empty text becomes "Unknown"; otherwise the first character is made upper-case.
 std::string Capitalize(const std::string& text);
 // The address as it is kept: blanks and periods squeezed, words capitalised,
