@@ -2,7 +2,7 @@
 #include "attend/AttendF.h"
 
 #include "edit/EditForm.h"
-#include "edit/FieldRules.h"
+#include "store/FieldRules.h"
 #include "edit/Navigate.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"

@@ -1,5 +1,10 @@
 #pragma once
 // The main screen: one person at a time, the whole menu tree and the button bar.
+// Its members are defined in src/edit/, one file per concern: EditForm<Concern>.cpp
+// holds every handler of the controls and menu entries of that concern
+// (EditFormSearch.cpp the search box, EditFormAttend.cpp the ways into the door
+// screen, EditFormPrayer.cpp the prayer requests). The form's own events and the
+// plain menu entries are in EditFormEvents.cpp, its layout in EditForm.cpp.
 #include <set>
 #include <string>
 #include <vector>
@@ -8,6 +13,10 @@
 
 struct Program;
 struct ProgramState;
+
+// The Notes box at a key, on the edit and the door screens: 150 characters at
+// most, one line, no comma. A refused key is set to 0.
+void NotesKeyDown(ProgramState& p, forms::TextBox& notes, int& KeyCode);
 
 class EditForm : public forms::Form {
 public:

@@ -1,12 +1,14 @@
 // The coded fields: visits, advertising, decisions, interest level, baptism and notes.
+#include "edit/BoxRules.h"
 #include "edit/EditForm.h"
-#include "edit/FieldRules.h"
+#include "store/FieldRules.h"
 #include "edit/Navigate.h"
 #include "platform/vb/DateTime.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"
 #include "store/Records.h"
 #include "store/Sounds.h"
+#include "tables/AppointmentFm.h"
 
 using namespace forms;
 using namespace vb;
@@ -204,6 +206,24 @@ void EditForm::Baptized_Click() {
     }
 }
 
+void NotesKeyDown(ProgramState& p, TextBox& notes, int& KeyCode) {
+    std::size_t len = notes.Text().size();
+    if (len >= 150) {
+        p.host.MsgBox("You have reached the limit for Notes." + p.CrLf +
+                      "The maximum length allowed for notes is 150 characters.");
+        notes.SetText(Left(notes.Text(), 150));
+    } else if (len == 140) {
+        p.host.MsgBox("You only have space for 10 more characters in this box.");
+    }
+    if (KeyCode == vbKeyReturn) {
+        p.host.MsgBox("You cannot enter multiple lines in this box.");
+        KeyCode = 0;
+    } else if (KeyCode == 188) {
+        p.host.MsgBox("You cannot enter a comma in this box.");
+        KeyCode = 0;
+    }
+}
+
 void EditForm::Notes_KeyDown(int& KeyCode, int Shift) {
     if ((KeyCode == vbKeyPageUp || KeyCode == vbKeyPageDown) && FieldKeyDown(Notes, KeyCode, Shift)) return;
     NotesKeyDown(p, Notes, KeyCode);
@@ -238,4 +258,8 @@ void EditForm::mnuClearMarks_Click() {
     }
     if (FetchCurrentRecord(p)) ShowRecord();
     p.host.MsgBox("Marks have been removed from all names." + p.CrLf);
+}
+
+void EditForm::Class_MouseUp(int, int, float, float) {
+    p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()), ClassAtPress);
 }

@@ -1,8 +1,5 @@
 // Delete, restore and the move to the member file. A record is never taken out
 // of the file here: it is marked "##" and leaves the list.
-#include <algorithm>
-
-#include "edit/Delete.h"
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "lists/Lists.h"
@@ -10,6 +7,7 @@
 #include "program/Program.h"
 #include "store/ListEntry.h"
 #include "store/Members.h"
+#include "store/SortIndex.h"
 #include "store/Sounds.h"
 
 using namespace forms;
@@ -17,32 +15,7 @@ using namespace vb;
 
 namespace {
 const char* const MoveTitle = "                     Remove SDA Names";
-
-// The member file is read field by field: a comma would split the line.
-std::string NoCommas(std::string s) {
-    std::replace(s.begin(), s.end(), ',', ' ');
-    return s;
-}
 }  // namespace
-
-std::string MemberLine(const std::string& rnum, const std::string& last, const std::string& first) {
-    return Fixed(Right("0000" + Trim(rnum), 4), 4) + Fixed(NoCommas(Trim(last)), 15) + Fixed(NoCommas(Trim(first)), 15);
-}
-
-void AddMember(ProgramState& p, const std::string& line) {
-    p.MemberList.resize(static_cast<std::size_t>(p.MemberCount) + 1);
-    p.MemberList.push_back(line);
-    ++p.MemberCount;
-    SaveMembers(p);
-}
-
-void DropCurrentEntry(ProgramState& p) {
-    if (p.CurrentIndex < 1 || p.CurrentIndex > p.IndexCount) return;
-    p.SortIndex.erase(p.SortIndex.begin() + p.CurrentIndex);
-    --p.IndexCount;
-    p.SortIndex.resize(static_cast<std::size_t>(p.IndexCount) + 1);
-    if (p.CurrentIndex > p.IndexCount) p.CurrentIndex = p.IndexCount;
-}
 
 void EditForm::mnuDeleteRecord_Click() {
     const std::string& nl = p.CrLf;

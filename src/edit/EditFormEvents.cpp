@@ -186,3 +186,14 @@ void EditForm::mnuChgCr_Click() {
 }
 
 void EditForm::mnuNewCr_Click() { mnuChgCr_Click(); }
+
+void EditForm::Form_KeyDown(int& KeyCode, int Shift) {
+    if ((Shift & vbCtrlMask) && KeyCode == 'P' && !p.AddMode && btnPrayer.Enabled()) {
+        KeyCode = 0;
+        EnterPrayer();
+    } else if (KeyCode == vbKeyF1 && Shift == 0) {
+        // As on any desktop program: F1 opens the help.
+        KeyCode = 0;
+        mnuHelpFiles_Click();
+    }
+}

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "edit/EditForm.h"
-#include "edit/FieldRules.h"
+#include "store/FieldRules.h"
 #include "platform/vb/DateTime.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"

@@ -1,4 +1,5 @@
 // Finding people: the search box (number or last name, then the member file) and global search.
+#include "edit/BoxRules.h"
 #include "edit/EditForm.h"
 #include "edit/FieldRules.h"
 #include "edit/Navigate.h"

@@ -1,13 +1,11 @@
 #pragma once
-// Moving through the list on the edit screen, and the load pass with its screen part.
+// The screen parts of the list routines: the file parts (store/SortIndex.h) say
+// what happened, and these start add mode or show the person.
 struct Program;
-struct ProgramState;
 
 // Reads the record of the entry at CurrentIndex; an empty list goes to add mode.
 bool FetchCurrentRecord(Program& p);
-// 0 first, 1 previous, 2 next, 3 last; a refused move plays "clunk".
-// First (0), previous (1), next (2) or last (3) of the list; a clunk at either end.
-void StepCurrentIndex(ProgramState& p, int kind);
+// First (0), previous (1), next (2) or last (3) of the list, then shows it.
 void GoRecord(Program& p, int kind);
 // The load pass (also the menu's Fix Files); a loaded crusade then shows its first person.
 // False when the pass could not run or the file was refused (the operator has been told);

@@ -1,17 +1,8 @@
 #pragma once
-// Prayer requests and comments: a plain text file beside the data file that the
-// visiting teams read, only ever appended to.
+// The question that takes a prayer request, on the edit and the door screens.
 #include <string>
 
 struct Program;
-struct ProgramState;
 
-// The data file's path less its extension, with "_prayer.txt".
-std::string PrayerFile(const ProgramState& p);
 // Asks for a request for the person shown and appends it; an empty answer writes nothing.
 void EnterPrayer(Program& p, const std::string& rnum, const std::string& first, const std::string& last);
-// Appends one request line, with the file's heading when it is new and the
-// meeting's heading when it is due. False when the disk refused it; the file
-// is then as it stood.
-bool AppendPrayer(Program& p, const std::string& rnum, const std::string& first, const std::string& last,
-                  const std::string& request);

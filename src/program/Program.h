@@ -44,8 +44,6 @@ struct Program : ReportRun {
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;
-    // The meeting whose heading the prayer file got last in this run.
-    int LastPrayerMeeting = 0;
 
 private:
     std::unique_ptr<EditForm> editForm_;

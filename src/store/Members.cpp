@@ -1,5 +1,7 @@
 #include "store/Members.h"
 
+#include <algorithm>
+
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "store/State.h"
@@ -86,6 +88,11 @@ void LoadMembersChecked(ProgramState& p) {
     p.MembersFrom = p.CrusadeFile("mem");
 }
 
+// The member file is read field by field: a comma would split the line.
+std::string NoCommas(std::string s) {
+    std::replace(s.begin(), s.end(), ',', ' ');
+    return s;
+}
 }  // namespace
 
 void LoadMembers(ProgramState& p) {
@@ -127,4 +134,15 @@ void SaveMembersAfterLoad(ProgramState& p) {
     IgnoreErrors([&] { SaveMembers(p); });
     IgnoreErrors([&] { LoadMembersChecked(p); });
     IgnoreErrors([&] { SaveMembers(p); });
+}
+
+std::string MemberLine(const std::string& rnum, const std::string& last, const std::string& first) {
+    return Fixed(Right("0000" + Trim(rnum), 4), 4) + Fixed(NoCommas(Trim(last)), 15) + Fixed(NoCommas(Trim(first)), 15);
+}
+
+void AddMember(ProgramState& p, const std::string& line) {
+    p.MemberList.resize(static_cast<std::size_t>(p.MemberCount) + 1);
+    p.MemberList.push_back(line);
+    ++p.MemberCount;
+    SaveMembers(p);
 }

@@ -1,5 +1,7 @@
 #pragma once
 // The member file (<name>.mem) and the zip table (<name>.zps).
+#include <string>
+
 struct ProgramState;
 
 void LoadMembers(ProgramState& p);
@@ -14,3 +16,7 @@ void NewSideTables(ProgramState& p);
 // The member step at the end of a load: write, read back with the
 // duplicate-member question, write again.
 void SaveMembersAfterLoad(ProgramState& p);
+// A member line: number, last name and first name in their fixed widths.
+std::string MemberLine(const std::string& rnum, const std::string& last, const std::string& first);
+// Adds the line at the end of the member list and rewrites the member file.
+void AddMember(ProgramState& p, const std::string& line);

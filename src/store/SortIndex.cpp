@@ -532,3 +532,72 @@ bool FullLoadPass(ProgramState& p) {
 void SetEntryPart(std::string& entry, EntryPart part, const std::string& text) {
     vb::MidAssign(entry, part == EntryPart::Number ? 1 : 78, text, 4);
 }
+
+void DropCurrentEntry(ProgramState& p) {
+    if (p.CurrentIndex < 1 || p.CurrentIndex > p.IndexCount) return;
+    p.SortIndex.erase(p.SortIndex.begin() + p.CurrentIndex);
+    --p.IndexCount;
+    p.SortIndex.resize(static_cast<std::size_t>(p.IndexCount) + 1);
+    if (p.CurrentIndex > p.IndexCount) p.CurrentIndex = p.IndexCount;
+}
+
+Fetched FetchCurrentRecord(ProgramState& p) {
+    if (p.CurrentIndex == 0) {
+        p.Loaded = false;
+        return Fetched::EmptyList;
+    }
+    std::string entry;
+    try {
+        if (p.CurrentIndex < 0 || p.CurrentIndex >= static_cast<int>(p.SortIndex.size())) Raise(errSubscript);
+        entry = p.SortIndex[p.CurrentIndex];
+        p.RecordPos = static_cast<long>(Val(Right(entry, 4)));
+        if (p.RecordPos < 1) Raise(errBadRecordNumber);
+        GetRecord(p, p.RecordPos);
+        return Fetched::Record;
+    } catch (const RuntimeError& e) {
+        const std::string& nl = p.CrLf;
+        p.host.MsgBox("Error # " + CStr(e.Number) + nl + "Error: " + e.Description() + nl + "LastRecord = " +
+                      CStr(static_cast<long>(p.File1.IsOpen() ? p.File1.LOF() / ProgramState::RecLen : 0)) + nl +
+                      "LastIndex = " + CStr(p.IndexCount) + nl + "i = " + CStr(p.CurrentIndex) + nl +
+                      "index = " + entry + nl + "Len of index = " + CStr(static_cast<long>(entry.size())) + nl +
+                      "Record Number = " + CStr(p.RecordPos));
+        return Fetched::Fault;
+    }
+}
+
+void StepCurrentIndex(ProgramState& p, int kind) {
+    switch (kind) {
+    case 0: p.CurrentIndex = 1; break;
+    case 1:
+        if (p.CurrentIndex <= 1) PlaySound(p, "clunk");
+        else --p.CurrentIndex;
+        break;
+    case 2:
+        if (p.CurrentIndex >= p.IndexCount) PlaySound(p, "clunk");
+        else ++p.CurrentIndex;
+        break;
+    case 3: p.CurrentIndex = p.IndexCount; break;
+    default: break;
+    }
+}
+
+Fetched GoRecord(ProgramState& p, int kind) {
+    StepCurrentIndex(p, kind);
+    return FetchCurrentRecord(p);
+}
+
+LoadOutcome FullLoad(ProgramState& p) {
+    LoadOutcome r;
+    const bool wasLoaded = p.Loaded;
+    if (!FullLoadPass(p)) {
+        // Nothing may be written to a file the pass refused.
+        p.File1.Close();
+        p.Loaded = false;
+        return r;
+    }
+    r.ran = true;
+    if (!wasLoaded) return r;
+    r.show = true;
+    r.fetched = FetchCurrentRecord(p);
+    return r;
+}

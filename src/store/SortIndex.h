@@ -1,6 +1,8 @@
 #pragma once
 // SortIndex: the in-memory list every screen and report walks, and FullLoad,
-// the pass that repairs every record and builds the "alpha" list.
+// the pass that repairs every record and builds the "alpha" list. The list
+// routines here do the file part and say what happened; the screen part (add
+// mode, showing the person) is the caller's, in edit/Navigate.h.
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -27,3 +29,30 @@ void CountZips(ProgramState& p);
 enum class EntryPart { Number, Household };
 // Overwrites that part of the entry with text, cut to the part's width.
 void SetEntryPart(std::string& entry, EntryPart part, const std::string& text);
+// Takes the entry at CurrentIndex out of the list; the one after it, or the one
+// before when it was the last, becomes current.
+void DropCurrentEntry(ProgramState& p);
+
+// What reading the record of the current entry found.
+enum class Fetched {
+    Record,      // read into MasterRec
+    EmptyList,   // CurrentIndex 0: Loaded is cleared, and the caller starts add mode
+    Fault,       // a bad entry or an unreadable record; the operator has been told
+};
+// The file part of FetchCurrentRecord: reads the record of the entry at CurrentIndex.
+[[nodiscard]] Fetched FetchCurrentRecord(ProgramState& p);
+// First (0), previous (1), next (2) or last (3) of the list; a clunk at either end.
+void StepCurrentIndex(ProgramState& p, int kind);
+// The file part of GoRecord: the step, then the fetch. A refused step fetches again.
+[[nodiscard]] Fetched GoRecord(ProgramState& p, int kind);
+
+// What the load pass left for the screen.
+struct LoadOutcome {
+    bool ran = false;    // false: the pass could not run or the file was refused; it is closed, Loaded cleared
+    bool show = false;   // a crusade was loaded before: its first person is to be shown
+    Fetched fetched = Fetched::Fault;   // the first person's fetch, when show
+};
+// The file part of FullLoad: the pass, then the fetch of the first person when
+// a crusade was loaded. The member step (SaveMembersAfterLoad) follows the
+// screen part, so its questions come with the person already on screen.
+[[nodiscard]] LoadOutcome FullLoad(ProgramState& p);

@@ -76,6 +76,10 @@ struct ProgramState {
     std::array<std::string, 7> WeekDays;
     std::array<std::string, 14> HourLabels;
     bool SoundOn = false;
+    // The meeting whose heading the prayer file got last in this run.
+    int LastPrayerMeeting = 0;
+    // Households of the mail-list clean-up that need the operator's choice.
+    int FamilyCount = 0;
 
     // Side tables. Each remembers the file it was read from (or made for), and is
     // written back to that file only, so one crusade's table never lands on another's.

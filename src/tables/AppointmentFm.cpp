@@ -1,6 +1,5 @@
 #include "tables/AppointmentFm.h"
 
-#include "edit/EditForm.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
 #include "program/Program.h"
@@ -156,8 +155,4 @@ void AppointmentFm::btnClear_Click() {
 void AppointmentFm::btnCancelApt_Click() {
     p.CallerForm = "Appointment";
     Unload();
-}
-
-void EditForm::Class_MouseUp(int, int, float, float) {
-    p.Appointment().ShowFor(Visits, Class, Trim(FName.Text()) + " " + Trim(LName.Text()), ClassAtPress);
 }

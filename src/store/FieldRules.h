@@ -4,21 +4,6 @@
 #include <array>
 #include <string>
 
-namespace forms { struct TextBox; }
-struct ProgramState;
-
-// The Notes box at a key, on the edit and the door screens: 150 characters at
-// most, one line, no comma. A refused key is set to 0.
-void NotesKeyDown(ProgramState& p, forms::TextBox& notes, int& KeyCode);
-// The Interest box after a change, on both screens: upper case, a letter A to G
-// or a blank; anything else is refused and the person's own letter put back.
-void IntLevelChange(ProgramState& p, forms::TextBox& intLevel);
-// A name or number not in the list, looked for in the member file: the two
-// boxes say whether a member was found. With `ask`, each member found is offered
-// in turn. The sound to play; empty when the operator cancelled.
-std::string LookUpMember(ProgramState& p, forms::TextBox& entInd, forms::TextBox& sdaIdent,
-                         const std::string& text, const std::string& find, bool ask);
-
 // An empty text becomes "Unknown"; otherwise the first character is made upper-case.
 std::string Capitalize(const std::string& text);
 // The address as it is kept: blanks and periods squeezed, words capitalised,

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "edit/FieldRules.h"
+#include "store/FieldRules.h"
 
 TEST(FieldRules, TextBoxesAreCleanedOnLeaving) {
     using Rule = std::string (*)(const std::string&);
