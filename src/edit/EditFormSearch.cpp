@@ -1,7 +1,7 @@
 // Finding people: the search box (number or last name, then the member file) and global search.
 #include "edit/BoxRules.h"
 #include "edit/EditForm.h"
-#include "edit/FieldRules.h"
+#include "store/FieldRules.h"
 #include "edit/Navigate.h"
 #include "lists/Lists.h"
 #include "platform/vb/Strings.h"
