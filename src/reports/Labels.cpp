@@ -83,7 +83,7 @@ CardGeometry CardGeometry::For(const ProgramState& p) {
 }
 
 void prnMailLabels(ReportRun& p) {
-    const ListKind k = SplitKind(p.SortName);
+    const lists::ListKind k = lists::SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string n = CStr(k.number);
     std::string first;
@@ -182,7 +182,7 @@ std::vector<std::pair<std::string, std::string>> CardTexts(const MasterRecord& r
 }
 
 void InterestCard2x4(ReportRun& p) {
-    const ListKind k = SplitKind(p.SortName);
+    const lists::ListKind k = lists::SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string& nl = p.CrLf;
     bool intCard = p.SortName == "IntCard";
