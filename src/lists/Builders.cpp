@@ -291,20 +291,20 @@ void ApplyCutOff(ProgramState& p) {
     e.Store(p, p.SortIndex.empty() ? std::string() : p.SortIndex[0], true);
 }
 
-bool SelectFilter(ListRun& p, const std::string& name, const std::string& option) {
-    std::string kind = name, team, opt = option;
-    int number = 0;
-    if (Left(name, 8) == "decision") {
-        kind = "decisions";
-        number = static_cast<int>(Val(Right(name, 1)));
-    } else {
-        for (const char* s : {"attendnight", "missednight", "SelWCAttend"})
-            if (Left(name, static_cast<long>(std::string(s).size())) == s) {
-                kind = s;
-                number = static_cast<int>(Val(Right(name, 2)));
-                if (kind == "SelWCAttend") team = Right(name, 2);
-            }
+ListKind SplitKind(const std::string& sortName) {
+    for (const char* s : {"attendnight", "missednight", "SelWCAttend"}) {
+        std::string stem = s;
+        if (Left(sortName, static_cast<long>(stem.size())) == stem)
+            return {stem, static_cast<int>(Val(Right(sortName, 2)))};
     }
+    if (Left(sortName, 8) == "decision") return {"decisions", static_cast<int>(Val(Right(sortName, 1)))};
+    return {sortName, 0};
+}
+
+bool SelectFilter(ListRun& p, const std::string& name, const std::string& option) {
+    auto [kind, number] = SplitKind(name);
+    std::string team, opt = option;
+    if (kind == "SelWCAttend") team = Right(name, 2);
     if (kind == "alpha" || kind == "alphafilter") kind = "attend";
     // The answers given when the current list was built are given again.
     const std::string kept = p.SortName == name && !p.SortIndex.empty() ? p.SortIndex[0] : std::string();

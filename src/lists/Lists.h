@@ -28,6 +28,14 @@ namespace lists {
 // BuildDuplicates.
 bool BuildList(ListRun& p, const std::string& kind, int number = 0, const std::string& option = "");
 
+// A list's name taken apart: the plain kind and the number written behind it
+// ("attendnight05" -> "attendnight", 5; "decision3" and "decisions3" -> "decisions", 3).
+struct ListKind {
+    std::string stem;
+    int number = 0;
+};
+ListKind SplitKind(const std::string& sortName);
+
 // Keeps the people of the current list who pass PrintCutOff, rebuilt and sorted.
 void ApplyCutOff(ProgramState& p);
 

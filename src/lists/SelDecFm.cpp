@@ -1,5 +1,6 @@
 #include "lists/SelDecFm.h"
 
+#include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
 #include "store/State.h"
@@ -31,8 +32,8 @@ void SelDecFm::Form_Load() {
     index_ = 0;
     for (int i = 1; i <= 9; ++i) Dec[i].SetCaption(p.DecisionNames[i]);
     // The decision of the list before is offered again.
-    if (vb::Left(p.SortName, 8) == "decision") {
-        int last = static_cast<int>(Val(Right(p.SortName, 1)));
+    if (const lists::ListKind k = lists::SplitKind(p.SortName); k.stem == "decisions") {
+        int last = k.number;
         if (last >= 1 && last <= 9) Dec[last].SetValue(-1);
     } else {
         for (int i = 1; i <= 9; ++i) Dec[i].SetValue(0);

@@ -78,7 +78,7 @@ void PrintBaptisms(ReportRun& p) {
     }
     SelPrinterResult sel = SelPrinter(p.host);
     if (!sel.Ok) return;
-    KeepCurrent keep(p);
+    ReportGuard guard(p);
     std::unique_ptr<SavedList> saved;
     if (p.SortName != "baptism") {
         saved = std::make_unique<SavedList>(p);
@@ -89,7 +89,7 @@ void PrintBaptisms(ReportRun& p) {
         return;
     }
     host::PrintSurface& out = p.host.Printer();
-    DiscardOnError discard(out);
+    guard.Drawing(out);
     for (int copy = 1; copy <= std::max<int>(1, sel.Copies); ++copy) {
         Pager pager(p.host, out, sel.FromPage);
         int professions = 0, rebaptisms = 0;
@@ -143,4 +143,5 @@ void PrintBaptisms(ReportRun& p) {
         Footer(out, pager.page);
         if (!pager.Finish()) break;
     }
+    guard.Done();
 }

@@ -34,7 +34,7 @@ void PrintDecisions(ReportRun& p, std::int16_t& DecisionNumber) {
         if (!lists::BuildList(p, "decisions")) return;
         if (Left(p.SortName, 8) != "decision") return;   // the dialog was cancelled
     }
-    DecisionNumber = static_cast<std::int16_t>(SplitKind(p.SortName).number);
+    DecisionNumber = static_cast<std::int16_t>(lists::SplitKind(p.SortName).number);
     if (DecisionNumber < 1 || DecisionNumber > 9) return;
     if (p.IndexCount == 0) {
         p.host.MsgBox("There are no names in this list to print");
@@ -44,9 +44,9 @@ void PrintDecisions(ReportRun& p, std::int16_t& DecisionNumber) {
     SelPrinterResult sel = SelPrinter(p.host);
     if (!sel.Ok) return;
 
-    KeepCurrent keep(p);
+    ReportGuard guard(p);
     host::PrintSurface& out = p.host.Printer();
-    DiscardOnError discard(out);
+    guard.Drawing(out);
     auto header = [&] {
         out.SetFont(Fonts::fntArial14);
         out.SetCurrentX(1.0f);
@@ -115,4 +115,5 @@ void PrintDecisions(ReportRun& p, std::int16_t& DecisionNumber) {
         footer();
         if (!pager.Finish()) break;
     }
+    guard.Done();
 }

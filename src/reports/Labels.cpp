@@ -10,6 +10,7 @@
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
 #include "reports/PrintReports.h"
+#include "reports/ReportParts.h"
 #include "reports/ReportRun.h"
 #include "reports/Reports.h"
 #include "reports/SelPrinter.h"
@@ -83,7 +84,7 @@ CardGeometry CardGeometry::For(const ProgramState& p) {
 }
 
 void prnMailLabels(ReportRun& p) {
-    const ListKind k = SplitKind(p.SortName);
+    const lists::ListKind k = lists::SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string n = CStr(k.number);
     std::string first;
@@ -130,14 +131,15 @@ void prnMailLabels(ReportRun& p) {
         return;
     }
 
+    reports::ReportGuard guard(p);
     PrintSurface& out = p.host.Printer();
+    guard.Drawing(out);
     const MailLabelGeometry g = MailLabelGeometry::For(p);
     out.SetScaleMode(7);
     out.SetFont(Fonts::fntTimes12);
     float y = g.firstRowY;
     int onSheet = 0;
     int next = skip + 1;
-    const MasterRecord keep = p.MasterRec;
     while (next <= p.IndexCount) {
         std::array<std::array<std::string, 3>, 3> texts{};
         for (int col = 0; col < 3 && next <= p.IndexCount; ++col, ++next, ++onSheet) {
@@ -162,7 +164,7 @@ void prnMailLabels(ReportRun& p) {
         }
     }
     out.EndDoc();
-    p.MasterRec = keep;
+    guard.Done();
     if (p.ReportsLoaded()) p.Reports().PreviewReport();
 }
 
@@ -182,7 +184,9 @@ std::vector<std::pair<std::string, std::string>> CardTexts(const MasterRecord& r
 }
 
 void InterestCard2x4(ReportRun& p) {
-    const ListKind k = SplitKind(p.SortName);
+    // Choosing and limiting the list reads people already.
+    reports::ReportGuard guard(p);
+    const lists::ListKind k = lists::SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string& nl = p.CrLf;
     bool intCard = p.SortName == "IntCard";
@@ -267,6 +271,7 @@ void InterestCard2x4(ReportRun& p) {
     }
 
     PrintSurface& out = p.host.Printer();
+    guard.Drawing(out);
     const CardGeometry g = CardGeometry::For(p);
     out.PrintEmptyLine();
     out.SetFont(Fonts::fntTimes12);
@@ -275,7 +280,6 @@ void InterestCard2x4(ReportRun& p) {
     int onSheet = 0;
     int next = skip + 1;
     std::vector<long> printed;
-    const MasterRecord keep = p.MasterRec;
     while (next <= p.IndexCount) {
         std::array<std::vector<std::pair<std::string, std::string>>, 2> cards;
         for (int col = 0; col < 2 && next <= p.IndexCount; ++col, ++next, ++onSheet) {
@@ -326,6 +330,7 @@ void InterestCard2x4(ReportRun& p) {
         }
     }
     out.EndDoc();
+    guard.Done();
 
     if (p.SortName == "IntCard") {
         // Each card goes out once: the flag is set only for cards that were printed.
@@ -336,5 +341,4 @@ void InterestCard2x4(ReportRun& p) {
         }
         RebuildAlpha(p);
     }
-    p.MasterRec = keep;
 }

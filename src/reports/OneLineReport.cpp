@@ -42,7 +42,7 @@ bool BuildForCode(ReportRun& p, int code) {
     case 7: built = build("BaptClass"); break;
     case 8: built = build("PreCrusade"); break;
     case 10: {
-        Kind k = SplitKind(p.SortName);
+        lists::ListKind k = lists::SplitKind(p.SortName);
         if (k.stem != "marked") built = lists::BuildList(p, k.stem, k.number);
         break;
     }
@@ -80,14 +80,14 @@ std::string TitleFor(ReportRun& p, int& code, int present) {
     case 8: return " Pre-Crusade Invitations (" + n + " Names)";
     case 9: return " Names Selected to Visit Arranged by MapCode";
     case 11: return " Adventist Names";
-    case 12: return " Attending Meeting " + Num(SplitKind(p.SortName).number);
+    case 12: return " Attending Meeting " + Num(lists::SplitKind(p.SortName).number);
     case 13:
         return p.ScratchValue == "equal" ? " Attending " + Num(p.FilterTotalAttend) + " Meetings"
                                          : " Attending at Least " + Num(p.FilterTotalAttend) + " Meetings";
     case 10: break;
     default: return " Master Report";
     }
-    Kind k = SplitKind(p.SortName);
+    lists::ListKind k = lists::SplitKind(p.SortName);
     const std::string& s = k.stem;
     if (s == "mail") return " Mail List";
     if (s == "TDupAddress") return " Addresses with Multiple Teams Assigned";
@@ -263,7 +263,7 @@ void PrintOneLineReport(ReportRun& p, int Code) {
         p.host.MsgBox("There are no names in this list to print");
         return;
     }
-    KeepCurrent keep(p);
+    ReportGuard guard(p);
     int present = 0;
     if (Code == 2)
         while (present < p.IndexCount &&
@@ -277,7 +277,7 @@ void PrintOneLineReport(ReportRun& p, int Code) {
     if (!sel.Ok) return;
 
     host::PrintSurface& out = p.host.Printer();
-    DiscardOnError discard(out);
+    guard.Drawing(out);
     OneLine line{p, out, Code, p.SortName, FindDecisionMarks(p)};
     const std::string& kind = line.kind;
     const bool apptGroups = Code == 10 && (kind == "BaptClass" || kind == "InterviewRemain");
@@ -289,7 +289,7 @@ void PrintOneLineReport(ReportRun& p, int Code) {
     auto header = [&] { DrawReportHeader(out, title, p.MeetingNumber, today); };
 
     for (int copy = 1; copy <= std::max<int>(1, sel.Copies); ++copy) {
-        ReportPages pages(p.host, out, title, sel.FromPage, header);
+        Pager pager(p.host, out, sel.FromPage);
         header();
         std::string group = "\x01", lastAddress;
         int baptized = 0, lastHour = -1;
@@ -331,7 +331,12 @@ void PrintOneLineReport(ReportRun& p, int Code) {
                                    lastHour);
             else
                 line.PersonLine();
-            pages.BreakIfPast(PageLimit);
+            if (out.CurrentY() > PageLimit) {
+                DrawReportFooter(out, title, pager.page);
+                pager.EndPage();
+                out.SetCurrentY(0.2f);
+                header();
+            }
         }
         if (Code == 5) {
             out.PrintEmptyLine();
@@ -348,6 +353,8 @@ void PrintOneLineReport(ReportRun& p, int Code) {
                 total("Total to be Baptized: ", p.IndexCount - baptized);
             }
         }
-        if (!pages.Finish()) break;
+        DrawReportFooter(out, title, pager.page);
+        if (!pager.Finish()) break;
     }
+    guard.Done();
 }

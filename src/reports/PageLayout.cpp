@@ -1,7 +1,6 @@
 #include "reports/PageLayout.h"
 
 #include <cmath>
-#include <utility>
 
 #include "platform/host/Host.h"
 
@@ -40,41 +39,4 @@ void DrawReportFooter(host::PrintSurface& out, const std::string& title, int pag
     out.SetCurrentX(1.0f);
     out.SetCurrentY(25.4f);
     out.Print(title + ": Page " + std::to_string(page));
-}
-
-ReportPages::ReportPages(host::Host& host, host::PrintSurface& out, std::string title, int fromPage,
-                         std::function<void()> header, float topY)
-    : host_(host), out_(out), title_(std::move(title)), fromPage_(fromPage), header_(std::move(header)),
-      topY_(topY) {}
-
-bool ReportPages::BreakIfPast(float limit) {
-    if (out_.CurrentY() <= limit) return false;
-    Break();
-    return true;
-}
-
-void ReportPages::Break() {
-    DrawReportFooter(out_, title_, page_);
-    if (page_ < fromPage_)
-        out_.KillDoc();
-    else
-        out_.NewPage();
-    ++page_;
-    out_.SetCurrentY(topY_);
-    if (header_) header_();
-}
-
-bool ReportPages::Finish() {
-    DrawReportFooter(out_, title_, page_);
-    bool printed = page_ >= fromPage_;
-    page_ = 1;
-    if (!printed) {
-        out_.KillDoc();
-        host_.MsgBox("The page you selected to begin with was greater than the total number of pages "
-                     "available to print.",
-                     host::vbOKOnly | host::vbCritical, "Print Error");
-        return false;
-    }
-    out_.EndDoc();
-    return true;
 }

@@ -31,28 +31,8 @@ std::string TeamName(const ProgramState& p, int team) {
 
 }  // namespace
 
-ListKind SplitKind(const std::string& sortName) {
-    for (const char* s : {"attendnight", "missednight", "SelWCAttend"}) {
-        std::string stem = s;
-        if (Left(sortName, static_cast<long>(stem.size())) == stem)
-            return {stem, static_cast<int>(Val(Right(sortName, 2)))};
-    }
-    if (Left(sortName, 8) == "decision") return {"decisions", static_cast<int>(Val(Right(sortName, 1)))};
-    return {sortName, 0};
-}
-
-DecisionMarks FindDecisionMarks(const ProgramState& p) {
-    DecisionMarks m;
-    for (int i = 1; i <= 9; ++i) {
-        std::string name = UCase(p.DecisionNames[static_cast<std::size_t>(i)]);
-        if (InStr(name, "BAPT") > 0) m.bapt = i;
-        if (InStr(name, "UNITE") > 0) m.unite = i;
-    }
-    return m;
-}
-
 std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std::string& kind,
-                        const std::string& entry, DecisionMarks marks) {
+                        const std::string& entry, reports::DecisionMarks marks) {
     const bool dated = reports::HasBaptDate(r);   // a stored "12:00AM" is no date
     const bool baptized = r.IntLevel == "G";
     std::string head = r.WorkerCode.str() + " " + r.RNum.str() + " ";
@@ -61,8 +41,8 @@ std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std:
     head += RTrim(r.LName) + ", " + RTrim(r.FName);
     if (dated || baptized) {
         // The printed reports test the unite mark differently; the preview keeps its own test.
-        if (DecisionAt(r, marks.bapt) == '-') head += "*";
-        if (DecisionAt(r, marks.bapt) != '-' && DecisionAt(r, marks.unite) != 'U') head += "(r)";
+        if (DecisionAt(r, marks.BaptIdx) == '-') head += "*";
+        if (DecisionAt(r, marks.BaptIdx) != '-' && DecisionAt(r, marks.UniteIdx) != 'U') head += "(r)";
     }
     head = Fixed(head, 30);
 
@@ -388,7 +368,7 @@ void PrintReports::ClrDecisions() {
 }
 
 void PrintReports::PreviewReport() {
-    const ListKind k = SplitKind(p.SortName);
+    const lists::ListKind k = lists::SplitKind(p.SortName);
     const std::string& s = k.stem;
     const std::string n = CStr(k.number);
     std::string title;
@@ -484,7 +464,7 @@ Control* PrintReports::SelectedOption() const {
 }
 
 void PrintReports::showScrollInfo() {
-    const DecisionMarks marks = FindDecisionMarks(p);
+    const reports::DecisionMarks marks = reports::FindDecisionMarks(p);
     if (!chkPrnMailLabels.Value()) {
         if (optEd.Value()) LeftMode = "E";
         else if (optAt.Value()) LeftMode = "A";
@@ -521,7 +501,7 @@ void PrintReports::showScrollInfo() {
 }
 
 void PrintReports::SelectFilter() {
-    const std::string stem = SplitKind(p.SortName).stem;
+    const std::string stem = lists::SplitKind(p.SortName).stem;
     std::string option;
     if (stem == "SelWCAttend") option = optSortOpt[1].Value() ? "At" : "Al";
     if ((stem == "interest" || stem == "baptism") && chkTeam.Value()) option = "TC";

@@ -6,29 +6,16 @@
 #include <string>
 
 #include "platform/forms/Form.h"
+#include "reports/ReportParts.h"
 
 struct ReportRun;
 struct ProgramState;
 struct MasterRecord;
 
-// A list kind taken apart: the plain kind and the number written behind it.
-struct ListKind {
-    std::string stem;
-    int number = 0;
-};
-ListKind SplitKind(const std::string& sortName);
-
-// The positions of the baptism and "unite" decisions among DecisionNames 1 to 9; 0 when none.
-struct DecisionMarks {
-    int bapt = 0;
-    int unite = 0;
-};
-DecisionMarks FindDecisionMarks(const ProgramState& p);
-
 // One line of the preview list for the person in `r`, whose list entry is `entry`,
 // shown as list kind `kind`; without the line end.
 std::string PreviewLine(const ProgramState& p, const MasterRecord& r, const std::string& kind,
-                        const std::string& entry, DecisionMarks marks);
+                        const std::string& entry, reports::DecisionMarks marks);
 
 class PrintReports : public forms::Form {
 public:

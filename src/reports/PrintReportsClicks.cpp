@@ -371,7 +371,7 @@ void PrintReports::btnSelect_Click(int Index) {
 void PrintReports::chkMailOpt_Click() {
     if (quiet_) return;
     if (chkMailOpt.Value()) {
-        if (SplitKind(p.SortName).stem == "decisions") {
+        if (lists::SplitKind(p.SortName).stem == "decisions") {
             int answer = p.host.MsgBox(
                 "It is possible that someone other than the one on the mail list in a household will make a "
                 "decision different from the one on the mail list. When selecting this filter with the Decision "
@@ -415,7 +415,7 @@ void PrintReports::btnPrint_Click() {
         prnMailLabels(p);
         return;
     }
-    const ListKind k = SplitKind(p.SortName);
+    const lists::ListKind k = lists::SplitKind(p.SortName);
     if (chkMailOpt.Value() && k.stem == "attend") {
         p.host.MsgBox("Vestrel will not print the mail list sorted by attendance." + p.CrLf +
                       "To print the Attendance List you must first uncheck the 'Mail List Only' option. ");

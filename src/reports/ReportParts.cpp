@@ -1,5 +1,7 @@
 #include "reports/ReportParts.h"
 
+#include <algorithm>
+
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
 #include "store/Records.h"
@@ -31,15 +33,15 @@ bool Pager::Finish() {
     return true;
 }
 
-KeepCurrent::KeepCurrent(ProgramState& p) : p_(p), rec_(p.MasterRec), pos_(p.RecordPos) {}
+ReportGuard::ReportGuard(ProgramState& p)
+    : p_(p), rec_(p.MasterRec), pos_(p.RecordPos), current_(p.CurrentIndex) {}
 
-KeepCurrent::~KeepCurrent() {
+ReportGuard::~ReportGuard() {
+    if (out_) out_->KillDoc();
     p_.MasterRec = rec_;
     p_.RecordPos = pos_;
-}
-
-DiscardOnError::~DiscardOnError() {
-    if (std::uncaught_exceptions() > exceptions_) out_.KillDoc();
+    // A report that filtered the list (the cards) may have left it shorter.
+    p_.CurrentIndex = std::min(current_, p_.IndexCount);
 }
 
 void ReadEntry(ProgramState& p, int i) {
@@ -88,22 +90,6 @@ std::string MeetingTitle(const ProgramState& p, int meeting) {
 std::string Att28(const ProgramState& p, const MasterRecord& r) {
     const std::string& a = r.Attendance;
     return p.MeetingNumber < 29 ? vb::Left(a, 28) : vb::Mid(a, p.MeetingNumber - 27, 28);
-}
-
-Kind SplitKind(const std::string& sortName) {
-    Kind k{sortName, 0};
-    for (const char* s : {"attendnight", "missednight", "SelWCAttend"}) {
-        std::string stem(s);
-        if (vb::Left(sortName, static_cast<long>(stem.size())) == stem) {
-            k.stem = stem;
-            k.number = static_cast<int>(vb::Val(vb::Right(sortName, 2)));
-        }
-    }
-    if (vb::Left(sortName, 8) == "decision") {
-        k.stem = "decisions";
-        k.number = static_cast<int>(vb::Val(vb::Right(sortName, 1)));
-    }
-    return k;
 }
 
 }  // namespace reports

@@ -1,8 +1,17 @@
 #pragma once
-// What the list reports share beyond the page header: the page counter that
-// honours the printer dialog's first page, the reading of a list entry, the
-// decision marks and the attendance windows.
-#include <exception>
+// The scaffold every printed report stands on. A report is written as:
+//
+//   ReportGuard guard(p);            // before the first record is read
+//   ... build or check the list, ask the printer dialog (SelPrinter) ...
+//   guard.Drawing(out);              // the document is the report's from here
+//   for each copy:
+//       Pager pager(p.host, out, sel.FromPage);
+//       ... draw; at a page's end: its footer, pager.EndPage(), the next header ...
+//       if (!pager.Finish()) break;  // a first page past the end prints nothing
+//   guard.Done();
+//
+// The list's kind comes from lists::SplitKind(p.SortName), the baptism and "unite"
+// decisions from FindDecisionMarks, a list entry's person from ReadEntry.
 #include <string>
 
 #include "store/MasterRecord.h"
@@ -37,32 +46,25 @@ private:
 };
 
 // The current person and the list are the edit screen's; a report reads other
-// people through MasterRec and gives it back as it found it.
-class KeepCurrent {
+// people through MasterRec and gives back MasterRec, RecordPos and CurrentIndex
+// as it found them, however it leaves. Once drawing began, a report that leaves
+// before Done() (an error, a Cancel) leaves no half document: it is discarded.
+class ReportGuard {
 public:
-    explicit KeepCurrent(ProgramState& p);
-    ~KeepCurrent();
-    KeepCurrent(const KeepCurrent&) = delete;
-    KeepCurrent& operator=(const KeepCurrent&) = delete;
+    explicit ReportGuard(ProgramState& p);
+    ~ReportGuard();
+    ReportGuard(const ReportGuard&) = delete;
+    ReportGuard& operator=(const ReportGuard&) = delete;
+
+    void Drawing(host::PrintSurface& out) { out_ = &out; }
+    void Done() { out_ = nullptr; }
 
 private:
     ProgramState& p_;
     MasterRecord rec_;
     long pos_;
-};
-
-// A report stopped by an error (a record that can't be read) leaves no half
-// document behind: what it drew is discarded.
-class DiscardOnError {
-public:
-    explicit DiscardOnError(host::PrintSurface& out) : out_(out), exceptions_(std::uncaught_exceptions()) {}
-    ~DiscardOnError();
-    DiscardOnError(const DiscardOnError&) = delete;
-    DiscardOnError& operator=(const DiscardOnError&) = delete;
-
-private:
-    host::PrintSurface& out_;
-    int exceptions_;
+    int current_;
+    host::PrintSurface* out_ = nullptr;
 };
 
 // Reads the record of entry i (its last 4 characters) into MasterRec.
@@ -88,12 +90,5 @@ std::string Att28(const ProgramState& p, const MasterRecord& r);
 
 // Title of a list report, CrusadeName in front.
 inline std::string Num(long n) { return std::to_string(n); }
-
-// The plain kind of SortName and the number behind it ("attendnight05" -> 5).
-struct Kind {
-    std::string stem;
-    int number = 0;
-};
-Kind SplitKind(const std::string& sortName);
 
 }  // namespace reports

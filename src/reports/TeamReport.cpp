@@ -149,11 +149,11 @@ void PrintWCReport(ReportRun& p, int Code) {
     SelPrinterResult sel = SelPrinter(p.host);
     if (!sel.Ok) return;
 
-    KeepCurrent keep(p);
+    ReportGuard guard(p);
     host::PrintSurface& out = p.host.Printer();
-    DiscardOnError discard(out);
+    guard.Drawing(out);
     TeamReport rep{p, out, Code, breaks, p.CrusadeName + TitleFor(p, Code), Pager(p.host, out, sel.FromPage), ""};
-    const Kind kind = SplitKind(p.SortName);
+    const lists::ListKind kind = lists::SplitKind(p.SortName);
     const std::string selTeam = kind.stem == "SelWCAttend" ? vb::Fixed(Num(kind.number), 2) : std::string();
     const bool subGroups = Code == 2 || Code == 7;
 
@@ -230,4 +230,5 @@ void PrintWCReport(ReportRun& p, int Code) {
         rep.Footer(25.4f);
         if (!rep.pager.Finish()) break;
     }
+    guard.Done();
 }

@@ -5,6 +5,7 @@
 
 #include "platform/host/Host.h"
 #include "reports/PageLayout.h"
+#include "reports/ReportParts.h"
 #include "reports/SelPrinter.h"
 #include "support/ScriptedHost.h"
 
@@ -20,15 +21,21 @@ const std::string kTitle = "Team List";
 void RunReport(ScriptedHost& h, int lines, int fromPage) {
     RecordingSurface& out = h.printer;
     auto header = [&] { DrawReportHeader(out, kTitle, 12, h.Now()); };
-    ReportPages pages(h, out, kTitle, fromPage, header);
+    reports::Pager pager(h, out, fromPage);
     header();
     for (int i = 1; i <= lines; ++i) {
         out.SetFont(Fonts::fntTimes10);
         out.SetCurrentX(1.0f);
         out.Print("Name " + std::to_string(i));
-        pages.BreakIfPast(24.9f);
+        if (out.CurrentY() > 24.9f) {
+            DrawReportFooter(out, kTitle, pager.page);
+            pager.EndPage();
+            out.SetCurrentY(0.2f);
+            header();
+        }
     }
-    pages.Finish();
+    DrawReportFooter(out, kTitle, pager.page);
+    pager.Finish();
 }
 
 // Each printed page as "title|number|first name|last text".
@@ -83,7 +90,7 @@ TEST(ReportHeader, RulesALineUnderTheTitle) {
 }
 
 // The footer from page 2 and the header on every page are seen on the printed lists.
-TEST(ReportPages, PagesBeforeTheFirstChosenGoAndTheRestKeepTheirNumbers) {
+TEST(Pager, PagesBeforeTheFirstChosenGoAndTheRestKeepTheirNumbers) {
     ScriptedHost h;
     RunReport(h, 130, 3);
     EXPECT_EQ(std::vector<std::string>{"Team List| 12|Name 117|Team List: Page 3"}, Pages(h.printer));

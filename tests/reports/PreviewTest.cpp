@@ -83,7 +83,7 @@ TEST(Preview, LineFormatsOfEveryKind) {
     p.MeetingNumber = 25;
     p.WeekDays[2] = "Monday";
     p.HourLabels[5] = "7:00 PM";
-    const DecisionMarks marks{1, 2};
+    const reports::DecisionMarks marks{1, 2};
     struct Case {
         const char* kind;
         void (*tweak)(MasterRecord&);

@@ -1,5 +1,7 @@
 #include "support/RecordingSurface.h"
 
+#include "platform/vb/Error.h"
+
 RecordingSurface::Op RecordingSurface::Make(OpKind kind) const {
     Op op;
     op.kind = kind;
@@ -92,6 +94,7 @@ void RecordingSurface::Print(const std::string& text, bool stayOnLine) {
 
 // A NewPage on no document opens one, so its first page stays blank.
 void RecordingSurface::NewPage() {
+    if (refuseNewPage) throw vb::RuntimeError(482, "Printer error");
     if (!open_) Ink();
     ops.push_back(Make(OpKind::NewPage));
     ++page_;

@@ -35,6 +35,8 @@ public:
     std::vector<Op> ops;
     int endDocs = 0;   // documents ended while open
     int killDocs = 0;  // KillDoc calls, open document or not
+    // A printer that stops taking pages: NewPage throws the runtime's printer error.
+    bool refuseNewPage = false;
 
     // The kept documents, including the one still open.
     int Documents() const { return static_cast<int>(docPages_.size()); }
