@@ -66,6 +66,7 @@ struct Entry : Form {
 TEST_F(FieldSelection, AZipFilledStateIsWhollySelectedWhenEnterBringsTheFocus) {
     Program p{host, dir.path().toStdString()};
     EditForm edit{p};
+    p.DataFile = dir.filePath("Card.dat").toStdString();   // whatever the card writes stays in the folder
     p.AddMode = true;
     p.ZipCount = 1;
     p.ZipList[1] = "62701     IL07Springfield       4";
