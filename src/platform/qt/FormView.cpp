@@ -497,7 +497,14 @@ void FormView::ApplyFields(const Control& c, QWidget* w) {
     Qt::Alignment h = c.Alignment == 1 ? Qt::AlignRight : c.Alignment == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
     if (QLineEdit* e = LineEditOf(w)) {
         e->setReadOnly(c.Locked);
-        e->setMaxLength(c.MaxLength > 0 ? c.MaxLength : 32767);
+        // Setting the limit sets the text anew, which drops the selection and
+        // puts the caret at the end: only when it changes, and the model's
+        // selection is put back.
+        if (const int limit = c.MaxLength > 0 ? c.MaxLength : 32767; e->maxLength() != limit) {
+            QSignalBlocker b(e);
+            e->setMaxLength(limit);
+            if (c.kind() == Kind::TextBox || c.kind() == Kind::ComboBox) ApplySelection(c, w);
+        }
         e->setAlignment(h | Qt::AlignVCenter);
     } else if (auto* pe = qobject_cast<QPlainTextEdit*>(w)) {
         pe->setReadOnly(c.Locked);
