@@ -138,7 +138,9 @@ struct TeamReport {
 
 void PrintWCReport(ReportRun& p, int Code) {
     if (!p.PrintingFromPreview && !BuildForCode(p, Code)) return;
-    if (p.IndexCount == 0) {
+    // The total builder goes back to all names when nobody attended enough.
+    const bool fellBack = !p.PrintingFromPreview && Code == 5 && p.SortName == "alpha";
+    if (p.IndexCount == 0 || fellBack) {
         p.host.MsgBox("There are no names in this list to print");
         return;
     }
