@@ -141,7 +141,7 @@ void prnMailLabels(ReportRun& p) {
     int onSheet = 0;
     int next = skip + 1;
     while (next <= p.IndexCount) {
-        std::array<std::array<std::string, 3>, 3> texts{};
+        std::array<std::array<std::string, 3>, 3> texts;   // strings start empty; "{}" here crashes clang 14
         for (int col = 0; col < 3 && next <= p.IndexCount; ++col, ++next, ++onSheet) {
             if (!GetRecord(p, RecordOf(p.SortIndex[static_cast<std::size_t>(next)]))) continue;
             const MasterRecord& r = p.MasterRec;
