@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <utility>
-#include <vector>
-
 #include "store/FieldRules.h"
 
 TEST(FieldRules, TextBoxesAreCleanedOnLeaving) {

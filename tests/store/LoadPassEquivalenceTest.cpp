@@ -38,9 +38,9 @@ struct Case {
     const char* name;
     int people;
     unsigned seed;
-    std::function<void(std::string& bytes, ProgramState& p)> damage;
-    int cancelAt;
     std::uint64_t digest;
+    std::function<void(std::string& bytes, ProgramState& p)> damage = nullptr;
+    int cancelAt = 0;
 };
 
 void Poke(std::string& bytes, long record, std::size_t offset, const std::string& text) {
@@ -107,18 +107,17 @@ std::string RunPass(const Case& c) {
 
 TEST(LoadPass, LeavesWhatTheRecordByRecordPassLeft) {
     const std::vector<Case> cases = {
-        {"empty file", 0, 1, nullptr, 0, 0xc830113be8f799faull},
-        {"one person", 1, 2, nullptr, 0, 0x82622fcfb19c320eull},
-        {"three blocks and a part", 700, 3, nullptr, 0, 0x2556319a9d607c3eull},
-        {"canadian zips, ClearFlag, short zip entries", 800, 5,
+        {"empty file", 0, 1, 0xc830113be8f799faull},
+        {"one person", 1, 2, 0x82622fcfb19c320eull},
+        {"three blocks and a part", 700, 3, 0x2556319a9d607c3eull},
+        {"canadian zips, ClearFlag, short zip entries", 800, 5, 0x38f06385257183b7ull,
          [](std::string&, ProgramState& p) {
              p.ZipList[1] = Left(p.ZipList[1], 3);
              p.ZipList[0].clear();
              p.CanadaSorter = true;
              p.ScratchValue = "ClearFlag";
-         },
-         0, 0x38f06385257183b7ull},
-        {"names, attendance, codes, ages and decisions damaged", 300, 6,
+         }},
+        {"names, attendance, codes, ages and decisions damaged", 300, 6, 0x467b8668f8e261f2ull,
          [](std::string& b, ProgramState& p) {
              p.DecisionCodes[4] = " ";   // a blank code letter, as a damaged .inf gives
              p.DecisionCodes[6] = "";
@@ -136,32 +135,28 @@ TEST(LoadPass, LeavesWhatTheRecordByRecordPassLeft) {
              Poke(b, 40, RecordAt::LName, Fixed("\xe9tienne", 20));
              Poke(b, 41, 0, Noise(41, MasterRecord::Length));   // a few records of noise still load
              Poke(b, 42, 0, std::string(MasterRecord::Length, '\0'));
-         },
-         0, 0x467b8668f8e261f2ull},
-        {"placeholders around the last number, going down", 200, 7,
+         }},
+        {"placeholders around the last number, going down", 200, 7, 0xa16b41e0c5902f4full,
          [](std::string& b, ProgramState& p) {
              p.LastRNum = 9900;
              for (long r : {50L, 99L, 100L, 101L, 150L}) Placeholder(b, r, "  Unknown");
-         },
-         0, 0xa16b41e0c5902f4full},
-        {"placeholders going up, a tail of half a record", 200, 8,
+         }},
+        {"placeholders going up, a tail of half a record", 200, 8, 0x89f2a2057e00dc3bull,
          [](std::string& b, ProgramState& p) {
              p.NumberDirection = "UP";
              p.LastRNum = 9900;
              for (long r : {98L, 99L, 100L}) Placeholder(b, r, "Unknown");
              b += std::string(200, 'Z');
-         },
-         0, 0x89f2a2057e00dc3bull},
-        {"numbers used twice, four times and damaged; Cancel ends the duplicate check", 120, 9,
+         }},
+        {"numbers used twice, four times and damaged; Cancel ends the duplicate check", 120, 9, 0x4c6dd5c2d454e5dull,
          [](std::string& b, ProgramState&) {
              for (long r : {2L, 3L}) Poke(b, r, 0, "A-12");
              for (long r : {7L, 8L}) Poke(b, r, 0, "6666");
              for (long r : {10L, 20L, 30L, 40L}) Poke(b, r, 0, "5555");
              for (long r : {50L, 60L}) Poke(b, r, 0, "7777");   // past the Cancel
-         },
-         4, 0x4c6dd5c2d454e5dull},
-        {"the Master crusade renumbers", 150, 11, [](std::string&, ProgramState& p) { p.CrusadeName = "Master"; },
-         0, 0xfefc74e48db81ec4ull},
+         }, 4},
+        {"the Master crusade renumbers", 150, 11, 0xfefc74e48db81ec4ull,
+         [](std::string&, ProgramState& p) { p.CrusadeName = "Master"; }},
     };
     for (const Case& c : cases) EXPECT_EQ(c.digest, Digest(RunPass(c))) << c.name;
 }
