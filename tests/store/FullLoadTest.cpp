@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <random>
-#include <sys/resource.h>
 
 #include "edit/Navigate.h"
-#include "platform/vb/Error.h"
-#include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Records.h"
 #include "store/SortIndex.h"
@@ -48,25 +44,4 @@ TEST(FullLoad, AFileThatIsNotACrusadeIsRefusedAndLeftUntouched) {
                                      c.p.File1.IsOpen()}))
             << row.what;
     }
-}
-
-TEST(FullLoad, AWriteThatFailsMidPassLeavesTheFileUnlockedAndTheListWhole) {
-    TestCrusade c;
-    c.WriteRecords({MakePerson("9998", "A", "Able"), MakePerson("9997", "B", "Baker"), MakePerson("9996", "C", "Cole")});
-    OpenRecordFile(c.p);
-    // The disk refuses everything past the first record.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit was{};
-    ::getrlimit(RLIMIT_FSIZE, &was);
-    rlimit small = was;
-    small.rlim_cur = MasterRecord::Length;
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_THROW(FullLoadPass(c.p), vb::RuntimeError);
-    ::setrlimit(RLIMIT_FSIZE, &was);
-    EXPECT_EQ(c.p.IndexCount + 1, static_cast<int>(c.p.SortIndex.size()));
-    c.p.MasterRec.RNum = "9997";
-    EXPECT_EQ(0, FindByNumber(c.p));
-    vb::RandomFile other;
-    other.Open(c.dataFile, MasterRecord::Length);
-    EXPECT_NO_THROW(other.Lock()) << "the pass kept the lock after its fault";
 }

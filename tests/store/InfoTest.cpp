@@ -1,21 +1,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
+#include <functional>
 
 #include "platform/vb/Strings.h"
 #include "store/Info.h"
+#include "store/Recent.h"
 #include "store/Records.h"
 #include "support/TestCrusade.h"
 
 namespace {
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> out;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) out.push_back(line.substr(0, line.size() - 1));   // less the CR
+    std::size_t at = 0;
+    for (std::size_t end; (end = text.find("\r\n", at)) != std::string::npos; at = end + 2)
+        out.push_back(text.substr(at, end - at));
     return out;
 }
-
 std::string Join(const std::vector<std::string>& lines) {
     std::string s;
     for (const auto& l : lines) s += l + "\r\n";
@@ -161,4 +162,105 @@ TEST_F(InfoFile, NumbersOutOfRangeAreDamagedAndTakeTheDefault) {
         EXPECT_EQ(r.read, (std::vector<long>{p.MeetingNumber, p.LastRNum, p.FilterTotalAttend, p.PrintCutOff}))
             << r.text;
     }
+}
+
+// The numbering as the information file leaves it, and the numbers drawn after.
+TEST(Numbering, DamagedOrMissingStateNeverHandsOutANumberInUse) {
+    struct Case {
+        const char* what;
+        std::vector<const char*> numbers;   // in the file, in record order
+        std::function<void(std::vector<std::string>&)> damage;   // lines of the .inf; none when it is missing
+        bool missing;
+        const char* first;
+        const char* second;
+    };
+    auto line = [](int n, const char* text) {
+        return [n, text](std::vector<std::string>& l) { l[static_cast<std::size_t>(n - 1)] = text; };
+    };
+    const Case cases[] = {
+        {"missing, down", {"9999", "9998", "9997"}, nullptr, true, "9996", "9995"},
+        {"missing, up", {"0001", "0002", "0003"}, nullptr, true, "0004", "0005"},
+        {"trailing blank", {"9999", "9998", "9997"}, line(5, "DOWN "), false, "9996", "9995"},
+        {"lower case up", {"0001", "0002", "0003"}, line(5, "up"), false, "0004", "0005"},
+        {"direction gone", {"0001", "0002", "0003"}, line(5, "sideways"), false, "0004", "0005"},
+        {"number damaged", {"9999", "9998", "9997"}, line(4, " 99x7 "), false, "9996", "9995"},
+        {"number empty, up", {"0010", "0011", "0012"}, line(4, ""), false, "0013", "0014"},
+        // A sound but stale number (an older information file) steps over the numbers the list holds.
+        {"stale", {"9999", "9998", "9996"}, line(4, " 9999 "), false, "9997", "9995"},
+    };
+    for (const Case& k : cases) {
+        SCOPED_TRACE(k.what);
+        TestCrusade c;
+        std::vector<MasterRecord> people;
+        for (const char* n : k.numbers) people.push_back(MakePerson(n, "Al", std::string("P") + n));
+        c.WriteRecords(people);
+        const std::string inf = c.p.CrusadeFile("inf");
+        if (!k.missing) {
+            c.p.LastRNum = std::stol(k.numbers.back());
+            c.p.NumberDirection = std::string(k.numbers[0]) < k.numbers[1] ? "UP" : "DOWN";
+            ASSERT_TRUE(SaveInfo(c.p));
+            std::vector<std::string> lines = Lines(c.ReadFile(inf));
+            k.damage(lines);
+            c.WriteFile(inf, Join(lines));
+        }
+        c.Open();
+        EXPECT_EQ(k.first, NextRNum(c.p));
+        c.p.IndexCount++;   // the card drawn is saved
+        c.p.SortIndex.push_back(std::string(k.first) + "CARD AL   4");
+        EXPECT_EQ(k.second, NextRNum(c.p));
+        // What is written back is clean and is where the next run goes on from.
+        std::vector<std::string> lines = Lines(c.ReadFile(inf));
+        ASSERT_EQ(133u, lines.size());
+        EXPECT_EQ(c.p.NumberDirection, lines[4]);
+        EXPECT_EQ(" " + std::to_string(std::stol(k.second)) + " ", lines[3]);
+    }
+}
+
+TEST(InfoLines, AStrayQuoteIsOneValueAndTheFileStays133Lines) {
+    TestCrusade c;
+    Program& p = c.p;
+    p.TeamNames[2] = "Second:2";
+    p.TeamNames[40] = "Last:40";
+    p.DecisionNames[4] = "Problem";
+    p.ReligionList[3] = "Kept";
+    p.DecisionCodes[4] = "X";
+    p.SermonTitles[30] = "Thirty";
+    ASSERT_TRUE(SaveInfo(p));
+    const std::string inf = p.CrusadeFile("inf");
+    std::vector<std::string> lines = Lines(c.ReadFile(inf));
+    // Quotes that open on one line and close on a later one, as a damaged editor leaves them.
+    lines[0] = "\"Spring";
+    lines[9] = "\"First:1";
+    lines[60] = "\"Unite";
+    lines[91] = "\"Daniel \"2\"";
+    c.WriteFile(inf, Join(lines));
+    LoadInfo(p);
+    EXPECT_EQ((std::vector<std::string>{"Spring", "First:1", "Second:2", "Last:40", "Problem", "Kept", "X", "Daniel ",
+                                        "Thirty"}),
+              (std::vector<std::string>{p.CrusadeName, p.TeamNames[1], p.TeamNames[2], p.TeamNames[40],
+                                        p.DecisionNames[4], p.ReligionList[3], p.DecisionCodes[4],
+                                        p.SermonTitles[1], p.SermonTitles[30]}));
+    // A line break inside a value in memory would also shift every line after it.
+    p.TeamNames[3] = "Two\r\nlines";
+    p.SermonTitles[2] = "x\ny";
+    ASSERT_TRUE(SaveInfo(p));
+    lines = Lines(c.ReadFile(inf));
+    ASSERT_EQ(133u, lines.size());
+    EXPECT_EQ((std::vector<std::string>{"Spring", "Two  lines", "x y", "Thirty"}),
+              (std::vector<std::string>{lines[0], lines[11], lines[92], lines[120]}));
+}
+
+TEST(RecentKeys, OnlyKeysThisProgramWritesCount) {
+    const std::pair<const char*, int> keys[] = {{"RecentFile1", 1},   {"RecentFile4", 4},  {"RecentFile12", 12},
+                                                {"RecentFile1e", 0},  {"RecentFile01", 0}, {"RecentFile 1", 0},
+                                                {"RecentFile", 0},    {"RecentFile2x", 0}, {"RecentFile99999", 0}};
+    for (const auto& [key, n] : keys) EXPECT_EQ(n, RecentKeyNumber(key)) << key;
+    TestCrusade c;
+    c.host.SaveSetting("MDINote", "Recent Files", "RecentFile1", "/a.dta");
+    c.host.SaveSetting("MDINote", "Recent Files", "RecentFile1e", "/damaged.dta");
+    AddRecentFile(c.p, "/new.dta");
+    auto files = RecentFiles(c.p);
+    ASSERT_EQ(2u, files.size());
+    EXPECT_EQ("/new.dta", files[0].second);
+    EXPECT_EQ("/a.dta", files[1].second);
 }

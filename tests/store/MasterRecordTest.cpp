@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <iterator>
@@ -10,6 +9,7 @@
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/MasterRecord.h"
+#include "support/TestCrusade.h"
 
 TEST(MasterRecord, TheNewestFieldsSitAtTheEndAndAnyBytesRoundTrip) {
     // The fields older layouts share are placed by the conversion test; these four are blank there.
@@ -77,9 +77,8 @@ TEST(RecordLayout, EveryFieldIsWrittenWhereTheTableSays) {
 }
 
 TEST(RecordLayout, ReadsAndWritesRecordNOfAFileOfWholeRecordsOnly) {
-    const std::string path =
-        (std::filesystem::temp_directory_path() / ("vestrel-layout-" + std::to_string(::getpid()) + ".dta")).string();
-    std::filesystem::remove(path);
+    TempFolder folder;
+    const std::string path = folder / "layout.dta";
     MasterRecord r;
     r.RNum = "0042";
     r.Last = 7;
@@ -112,5 +111,4 @@ TEST(RecordLayout, ReadsAndWritesRecordNOfAFileOfWholeRecordsOnly) {
         }
     }
     EXPECT_EQ(3 * MasterRecord::Length, static_cast<int>(std::filesystem::file_size(path)));
-    std::filesystem::remove(path);
 }
