@@ -369,6 +369,7 @@ TEST(DecisionReport, AppointmentColumnOfTheBaptismDecisionOnly) {
 // and baptism date lists with their totals.
 TEST(ListReportRules, ColumnsAndGroupsByKind) {
     const std::string notes150(150, 'n');
+    auto zip = [](MasterRecord& r, int i) { r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9"; };
     struct Case {
         int code;
         const char* kind;
@@ -383,19 +384,13 @@ TEST(ListReportRules, ColumnsAndGroupsByKind) {
          {"8.50|Spr (62701) 555-0100", "8.50|Spr (N12) 555-0100"}, {}},
         // Canadian zips group by their first three characters.
         {4, "zip",
-         [](Sheet& s, MasterRecord& r, int i) {
-             s.c.p.CanadaSorter = true;
-             r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9";
-             r.City = i == 1 ? "Ottawa" : "Hull";
+         [&](Sheet& s, MasterRecord& r, int i) {
+             s.c.p.CanadaSorter = true, zip(r, i), r.City = i == 1 ? "Ottawa" : "Hull";
          },
          {"0.60|Zipcode # K1A        (Ottawa)"}, {"Zipcode # K1A        (Hull)"}},
-        {4, "zip", [](Sheet&, MasterRecord& r, int i) { r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9"; },
+        {4, "zip", [&](Sheet&, MasterRecord& r, int i) { zip(r, i); },
          {"0.60|Zipcode # K1A 0B1    (Springfield)", "0.60|Zipcode # K1A 9Z9    (Springfield)"}, {}},
-        {5, "date",
-         [](Sheet&, MasterRecord& r, int) {
-             r.BaptDate = "01/05/27";
-             r.IntLevel = "A";
-         },
+        {5, "date", [](Sheet&, MasterRecord& r, int) { r.BaptDate = "01/05/27", r.IntLevel = "A"; },
          {"0.60|Baptisms for: 01/05/27  (2)", "1.00|Total Baptism Dates Set:", "1.00|Total Baptized to date:",
           "1.00|Total to be Baptized:", "4.50| 2| 0| 2"},
          {}},
