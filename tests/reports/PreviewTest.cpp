@@ -172,20 +172,16 @@ TEST(Preview, ClicksOnTheColumnsChangeThePersonOnTheLine) {
     for (const Case& k : cases) {
         SCOPED_TRACE(k.what);
         Preview v;
-        MasterRecord r = v.c.ReadRecord(1);
-        r.Visits = k.visits;
-        r.WorkerCode = "";
-        v.c.p.MasterRec = r;
-        PutRecord(v.c.p, 1);
+        v.Change(1, [&k](MasterRecord& r) { r.Visits = k.visits, r.WorkerCode = ""; });
         v.pr->OptVisit.UserClick();
         const bool team = k.x < 1000;
         if (team) v.c.host.ExpectInput("Enter Team Code", k.input);
         if (k.box) v.c.host.ExpectBox(k.box);
         v.pr->Info.UserMouseDown(vbLeftButton, k.shift, k.x, k.y);
-        r = v.c.ReadRecord(1);
+        const MasterRecord r = v.c.ReadRecord(1);
         EXPECT_EQ(team ? r.WorkerCode.str() : r.Visits.str(), k.expect);
         // The list is redrawn with the change.
-        if (!team) { EXPECT_NE(v.Line(1).find(vb::RTrim(r.Visits)), std::string::npos); }
+        if (!team) { EXPECT_NE(v.Line(1).find(vb::RTrim(r.Visits)), npos); }
     }
 }
 
@@ -335,34 +331,27 @@ TEST(Preview, TeamsFirstAskAboutAddressesWithMoreThanOneTeam) {
 }
 
 TEST(Preview, AnEmptyMeetingOrTotalReportPrintsNothing) {
-    struct Case {
-        const char* what;
-        void (*ask)(Preview&);
-        const char* builderSays;
-    } cases[] = {
-        {"selected meeting", [](Preview& v) { v.c.host.ExpectInput("Enter the Meeting number", "6"); },
-         "There are no records for this filter."},
-        {"total attendance",
-         [](Preview& v) {
-             v.c.host.OnModal("frmFilters", [](forms::Form& f) {
-                 auto& d = static_cast<frmFilters&>(f);
-                 d.txtTotalAttend.SetText("5");
-                 d.btnSave_Click();
-             });
-         },
-         "There are no names to view."},
+    auto meeting = [](Preview& v) { v.c.host.ExpectInput("Enter the Meeting number", "6"); };
+    auto total = [](Preview& v) {
+        v.c.host.OnModal("frmFilters", [](forms::Form& f) {
+            static_cast<frmFilters&>(f).txtTotalAttend.SetText("5");
+            static_cast<frmFilters&>(f).btnSave_Click();
+        });
     };
-    for (const Case& k : cases) {
-        SCOPED_TRACE(k.what);
+    const std::tuple<void (*)(Preview&), forms::Menu EditForm::*, const char*> cases[] = {
+        {meeting, &EditForm::mnuPrRptSelectedMtg, "There are no records for this filter."},
+        {total, &EditForm::mnuPrnTotalAttended, "There are no names to view."},
+    };
+    for (const auto& [ask, menu, builderSays] : cases) {
+        SCOPED_TRACE(builderSays);
         Preview v;
         v.pr->CloseBut.UserClick();
         v.c.p.MeetingNumber = 6;
         v.c.host.printer.Clear();
-        k.ask(v);
-        v.c.host.ExpectBox(k.builderSays);
+        ask(v);
+        v.c.host.ExpectBox(builderSays);
         v.c.host.ExpectBox("There were no names in the file that match your search criteria.");
-        EditForm& e = v.c.p.Edit();
-        (std::string(k.what) == "selected meeting" ? e.mnuPrRptSelectedMtg : e.mnuPrnTotalAttended).UserClick();
+        (v.c.p.Edit().*menu).UserClick();
         EXPECT_EQ("", v.Printed());
     }
 }

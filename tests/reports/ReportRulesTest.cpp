@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,10 +15,12 @@
 
 using namespace host;
 using Op = RecordingSurface::Op;
+using Kind = RecordingSurface::OpKind;
 
 namespace {
 
 std::string Num2(int i) { return (i < 10 ? "0" : "") + std::to_string(i); }
+std::string Trimmed(const std::string& t) { return t.substr(0, t.find_last_not_of(' ') + 1); }
 
 // People 1001 up, named Person01 up, printed from the preview with the list the test sets.
 struct Sheet {
@@ -48,9 +51,11 @@ struct Sheet {
         c.p.IndexCount = static_cast<int>(keys.size());
         c.p.CurrentIndex = 1;
     }
-    void Accept() {
-        c.host.ExpectPrinter([](PrinterDialog& d) {
-            d.FromPage = 1;
+    void Accept(int fromPage = 1) {
+        c.host.ExpectPrinter([fromPage](PrinterDialog& d) {
+            d.Flags |= fromPage > 1 ? 2 : 0;
+            d.FromPage = fromPage;
+            d.ToPage = 1000;
             return true;
         });
     }
@@ -59,27 +64,51 @@ struct Sheet {
         const Op* op = out.FindText(" " + std::to_string(1000 + i) + " ");
         return op ? op->page : 0;
     }
+    // The texts printed as "x|text", trailing blanks dropped as on paper.
+    std::vector<std::string> Texts() const {
+        std::vector<std::string> t;
+        char x[16];
+        for (const Op* op : out.TextOps()) {
+            std::snprintf(x, sizeof x, "%.2f|", op->x);
+            t.push_back(x + Trimmed(op->text));
+        }
+        return t;
+    }
 };
+
+void ExpectAll(const std::vector<std::string>& printed, const std::vector<std::string>& want) {
+    for (const std::string& t : want) EXPECT_NE(std::find(printed.begin(), printed.end(), t), printed.end()) << t;
+}
 
 }  // namespace
 
-// Both list routines show the 28 meetings up to the current one.
+// The list routines show the 28 meetings up to the current one; the decision
+// list widens to 35 from meeting 36.
 TEST(ListReportRules, AttendanceWindowSlidesPastMeeting28) {
     const std::string att = "1234567890abcdefghijklmnopqrstuvwxyzABCD";
-    struct Case { bool team; int meeting; std::string window; } cases[] = {
-        {false, 28, att.substr(0, 28)}, {false, 29, att.substr(1, 28)}, {false, 40, att.substr(12, 28)},
-        {true, 28, att.substr(0, 28)},  {true, 29, att.substr(1, 28)},  {true, 40, att.substr(12, 28)},
+    struct Case { int report; int meeting; std::string window; } cases[] = {   // 0 list, 1 team, 2 decision
+        {0, 28, att.substr(0, 28) + " "}, {0, 29, att.substr(1, 28) + " "}, {0, 40, att.substr(12, 28) + " "},
+        {1, 28, att.substr(0, 28) + " "}, {1, 29, att.substr(1, 28) + " "}, {1, 40, att.substr(12, 28) + " "},
+        {2, 35, att.substr(0, 28) + "  /"}, {2, 36, att.substr(1, 35) + "  /"}, {2, 40, att.substr(5, 35) + "  /"},
     };
     for (const Case& k : cases) {
-        SCOPED_TRACE(std::to_string(k.team) + " at " + std::to_string(k.meeting));
+        SCOPED_TRACE(std::to_string(k.report) + " at " + std::to_string(k.meeting));
         Sheet s;
-        s.Load({Sheet::Person(1, att)}, k.meeting);
-        s.SetList(k.team ? "wcalpha" : "alphafilter", {k.team ? "00PERSON" : "PERSON"});
+        MasterRecord r = Sheet::Person(1, att);
+        r.Decisions = "XXXXXXXXX";
+        s.Load({r}, k.meeting);
+        s.SetList(k.report == 1 ? "wcalpha" : k.report == 2 ? "decisions3" : "alphafilter",
+                  {k.report == 1 ? "00PERSON" : "PERSON"});
         s.Accept();
-        k.team ? PrintWCReport(s.c.p, 1) : PrintOneLineReport(s.c.p, 1);
-        const Op* op = s.out.FindText(k.window + " ");
+        std::int16_t n = 0;
+        k.report == 2 ? PrintDecisions(s.c.p, n) : k.report ? PrintWCReport(s.c.p, 1) : PrintOneLineReport(s.c.p, 1);
+        const Op* op = s.out.FindText(k.window);
         ASSERT_NE(op, nullptr);
-        EXPECT_EQ(op->font, Fonts::fntCourier7B);
+        if (k.report == 2) {
+            EXPECT_EQ(std::make_pair(3, 11.8f), std::make_pair(int{n}, op->x));
+        } else {
+            EXPECT_EQ(op->font, Fonts::fntCourier7B);
+        }
     }
 }
 
@@ -229,7 +258,6 @@ TEST(InterestCardRules, CardListAnswersLimitToTheActiveAndToAssignedTeams) {
 
 // Each title once, the crusade's name in front; a team's pages put the team first.
 TEST(ListReportRules, TitlesByCodeAndKind) {
-    const std::string ask = "Enter the Title you desire for this report.";
     struct Case { bool team; int code; const char* kind; const char* key; const char* title; } cases[] = {
         {false, 1, "alphafilter", "PERSON", " Master Alphabetical List"},
         {false, 2, "attend", "996PERSON", " Master Attendance List:  Night 3  (Sab. AM)(1 present)"},
@@ -271,8 +299,8 @@ TEST(ListReportRules, TitlesByCodeAndKind) {
         {true, 8, "WCNeedInterview", "01PERSON", "Riverside Hope Needs Baptism Interview List by Team"},
         {true, 9, "wcattend", "01PERSON", "North      Team 01:  Riverside Hope Master Attendance Report"},
     };
-    for (const Case& k : cases) {
-        SCOPED_TRACE(std::string(k.kind) + " " + std::to_string(k.code));
+    // The first text of page 1 of a report on one person, after the title typed, if asked.
+    auto first = [](bool team, int code, const std::string& kind, const std::string& key, const char* typed) {
         Sheet s;
         MasterRecord r = Sheet::Person(1);
         r.WorkerCode = "01";
@@ -283,37 +311,30 @@ TEST(ListReportRules, TitlesByCodeAndKind) {
         s.c.p.TeamNames[1] = "North";
         s.c.p.SabAM[4] = 3;
         s.c.p.FilterTotalAttend = 4;
-        s.SetList(k.kind, {k.key});
-        if (std::string(k.kind) == "alpha") s.c.host.ExpectInput(ask, k.title);
-        if (k.code == 6 && k.team) s.c.host.ExpectBox("Separate the Teams with a page break?", vbYes);
+        s.SetList(kind, {key});
+        if (kind == "alpha") s.c.host.ExpectInput("Enter the Title you desire for this report.", typed);
+        if (code == 6 && team) s.c.host.ExpectBox("Separate the Teams with a page break?", vbYes);
         s.Accept();
-        k.team ? PrintWCReport(s.c.p, k.code) : PrintOneLineReport(s.c.p, k.code);
+        team ? PrintWCReport(s.c.p, code) : PrintOneLineReport(s.c.p, code);
         const std::vector<std::string> texts = s.out.TextsOnPage(1);
-        ASSERT_FALSE(texts.empty());
-        EXPECT_EQ(k.team ? std::string(k.title) : "Riverside Hope" + std::string(k.title), texts[0]);
         // Without page breaks the team's heading stands under the title.
-        if (k.team && (k.code == 4 || k.code == 8)) { EXPECT_NE(s.out.FindText("Team 01  North"), nullptr); }
+        const bool heading = team && (code == 4 || code == 8);
+        EXPECT_EQ(heading, heading && s.out.FindText("Team 01  North") != nullptr);
+        return texts.empty() ? std::string("nothing") : texts[0];
+    };
+    for (const Case& k : cases) {
+        SCOPED_TRACE(std::string(k.kind) + " " + std::to_string(k.code));
+        EXPECT_EQ(k.team ? std::string(k.title) : "Riverside Hope" + std::string(k.title),
+                  first(k.team, k.code, k.kind, k.key, k.title));
     }
     // A typed title: the crusade's name printed once, and never run into the first word.
     const std::pair<const char*, const char*> typed[] = {
-        {" Names Selected From the Main File", "Riverside Hope Names Selected From the Main File"},
         {"Riverside Hope Master List", "Riverside Hope Master List"},
         {"riverside hope: Visitors", "Riverside Hope: Visitors"},
         {"Visitors", "Riverside Hope Visitors"},
         {"Riverside Hope", "Riverside Hope "},
     };
-    for (const auto& [answer, title] : typed) {
-        SCOPED_TRACE(answer);
-        Sheet s;
-        s.Load({Sheet::Person(1)}, 3);
-        s.c.p.CrusadeName = "Riverside Hope";
-        s.SetList("alpha", {"PERSON"});
-        s.c.host.ExpectInput(ask, answer);
-        s.Accept();
-        PrintOneLineReport(s.c.p, 10);
-        ASSERT_FALSE(s.out.TextsOnPage(1).empty());
-        EXPECT_EQ(title, s.out.TextsOnPage(1)[0]);
-    }
+    for (const auto& [answer, title] : typed) EXPECT_EQ(title, first(false, 10, "alpha", "PERSON", answer)) << answer;
 }
 
 // The far right of the baptism decision's list: "Apt" for an interview set,
@@ -339,13 +360,7 @@ TEST(DecisionReport, AppointmentColumnOfTheBaptismDecisionOnly) {
         const Op* right = nullptr;
         for (const Op* op : s.out.TextOps())
             if (op->x == 18.6f) right = op;
-        if (!k.right) {
-            EXPECT_EQ(right, nullptr);
-            EXPECT_NE(s.out.FindText("---------  p04"), nullptr);
-            continue;
-        }
-        ASSERT_NE(right, nullptr);
-        EXPECT_EQ(k.right, right->text);
+        EXPECT_EQ(k.right ? k.right : "none", right ? right->text : "none");
         EXPECT_NE(s.out.FindText("---------  p04"), nullptr);
     }
 }
@@ -354,6 +369,7 @@ TEST(DecisionReport, AppointmentColumnOfTheBaptismDecisionOnly) {
 // and baptism date lists with their totals.
 TEST(ListReportRules, ColumnsAndGroupsByKind) {
     const std::string notes150(150, 'n');
+    auto zip = [](MasterRecord& r, int i) { r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9"; };
     struct Case {
         int code;
         const char* kind;
@@ -368,21 +384,15 @@ TEST(ListReportRules, ColumnsAndGroupsByKind) {
          {"8.50|Spr (62701) 555-0100", "8.50|Spr (N12) 555-0100"}, {}},
         // Canadian zips group by their first three characters.
         {4, "zip",
-         [](Sheet& s, MasterRecord& r, int i) {
-             s.c.p.CanadaSorter = true;
-             r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9";
-             r.City = i == 1 ? "Ottawa" : "Hull";
+         [&](Sheet& s, MasterRecord& r, int i) {
+             s.c.p.CanadaSorter = true, zip(r, i), r.City = i == 1 ? "Ottawa" : "Hull";
          },
          {"0.60|Zipcode # K1A        (Ottawa)"}, {"Zipcode # K1A        (Hull)"}},
-        {4, "zip", [](Sheet&, MasterRecord& r, int i) { r.Zip = i == 1 ? "K1A 0B1" : "K1A 9Z9"; },
+        {4, "zip", [&](Sheet&, MasterRecord& r, int i) { zip(r, i); },
          {"0.60|Zipcode # K1A 0B1    (Springfield)", "0.60|Zipcode # K1A 9Z9    (Springfield)"}, {}},
-        {5, "date",
-         [](Sheet&, MasterRecord& r, int) {
-             r.BaptDate = "01/05/27";
-             r.IntLevel = "A";
-         },
-         {"0.60|Baptisms for: 01/05/27  (2)", "1.00|Total Baptism Dates Set: ", "1.00|Total Baptized to date: ",
-          "1.00|Total to be Baptized: ", "4.50| 2| 0| 2"},
+        {5, "date", [](Sheet&, MasterRecord& r, int) { r.BaptDate = "01/05/27", r.IntLevel = "A"; },
+         {"0.60|Baptisms for: 01/05/27  (2)", "1.00|Total Baptism Dates Set:", "1.00|Total Baptized to date:",
+          "1.00|Total to be Baptized:", "4.50| 2| 0| 2"},
          {}},
     };
     for (const Case& k : cases) {
@@ -399,17 +409,12 @@ TEST(ListReportRules, ColumnsAndGroupsByKind) {
         s.SetList(k.kind, {"PERSON", "PERSON"});
         s.Accept();
         PrintOneLineReport(s.c.p, k.code);
-        std::vector<std::string> printed;
+        std::vector<std::string> printed = s.Texts();
         std::string totals = "4.50";   // the numbers of the totals, in order
-        for (const Op* op : s.out.TextOps()) {
-            char x[16];
-            std::snprintf(x, sizeof x, "%.2f|", op->x);
-            printed.push_back(x + op->text);
+        for (const Op* op : s.out.TextOps())
             if (op->x == 4.5f) totals += "|" + op->text;
-        }
         printed.push_back(totals);
-        for (const std::string& t : k.texts)
-            EXPECT_NE(std::find(printed.begin(), printed.end(), t), printed.end()) << t;
+        ExpectAll(printed, k.texts);
         for (const std::string& t : k.absent) EXPECT_EQ(s.out.FindText(t), nullptr) << t;
     }
 }
@@ -444,15 +449,9 @@ TEST(DecisionReport, LinesFootersAndTotalsOverTwoPages) {
         std::int16_t n = 0;
         k.baptisms ? PrintBaptisms(s.c.p) : PrintDecisions(s.c.p, n);
         EXPECT_EQ(s.out.PagesPrinted(), 2);
-        std::vector<std::string> printed;
-        for (const Op* op : s.out.TextOps()) {
-            char x[16];
-            std::snprintf(x, sizeof x, "%.2f|", op->x);
-            printed.push_back(x + op->text.substr(0, op->text.find_last_not_of(' ') + 1));
+        ExpectAll(s.Texts(), k.texts);
+        for (const Op* op : s.out.TextOps())
             if (op->text.find(": Page 2") != std::string::npos) { EXPECT_FLOAT_EQ(op->y, 26.1f); }
-        }
-        for (const std::string& t : k.texts)
-            EXPECT_NE(std::find(printed.begin(), printed.end(), t), printed.end()) << t;
         // The decision list's date ends at the right edge, to the point.
         if (const Op* date = s.out.FindText("Sunday, November 22, 2026"); !k.baptisms) {
             ASSERT_NE(date, nullptr);
@@ -511,8 +510,201 @@ TEST(InterestCardRules, CardTexts) {
         r.IntLevel = k.level;
         const auto rows = CardTexts(r);
         ASSERT_GT(rows.size(), k.row);
-        auto trimmed = [](std::string t) { return t.substr(0, t.find_last_not_of(' ') + 1); };
-        EXPECT_EQ(trimmed(k.left), trimmed(rows[k.row].first));
-        EXPECT_EQ(k.right, trimmed(rows[k.row].second));
+        EXPECT_EQ(std::make_pair(Trimmed(k.left), std::string(k.right)),
+                  std::make_pair(Trimmed(rows[k.row].first), Trimmed(rows[k.row].second)));
     }
 }
+
+namespace {
+
+// The printed stream as lines: "x y font|text" for texts (trailing blanks
+// dropped, as on paper), page ends and documents; moves and font changes show
+// through the texts they place.
+std::vector<std::string> Dump(const RecordingSurface& out) {
+    std::vector<std::string> lines;
+    char buf[64];
+    for (const auto& op : out.ops) {
+        if (op.kind == Kind::Text) {
+            std::snprintf(buf, sizeof buf, "%.2f %.2f %s%s%s|", op.x, op.y, op.font.Name.substr(0, 5).c_str(),
+                          std::to_string(static_cast<int>(op.font.Size)).c_str(),
+                          op.font.Bold ? "B" : (op.font.Underline ? "U" : ""));
+            lines.push_back(buf + op.text.substr(0, op.text.find_last_not_of(' ') + 1));
+        } else if (op.kind == Kind::NewPage || op.kind == Kind::EndDoc || op.kind == Kind::KillDoc) {
+            lines.push_back(op.kind == Kind::NewPage ? "NewPage" : op.kind == Kind::EndDoc ? "EndDoc" : "KillDoc");
+        }
+    }
+    return lines;
+}
+
+// Expects `want` to stand in `lines` in order, each right after the one before.
+void ExpectRun(const std::vector<std::string>& lines, const std::vector<std::string>& want) {
+    auto it = std::find(lines.begin(), lines.end(), want.front());
+    for (const std::string& w : want) {
+        ASSERT_NE(it, lines.end()) << w;
+        EXPECT_EQ(*it++, w);
+    }
+}
+
+// 55 people, the first 30 present at meeting 3, the rest last seen at meeting 2,
+// the first `team1` on team 1; listed as `kind`, with the team first in "wcattend".
+struct Printing : ::testing::Test, Sheet {
+    void FiftyFive(int team1, const std::string& kind) {
+        std::vector<MasterRecord> people;
+        std::vector<std::string> keys;
+        for (int i = 1; i <= 55; ++i) {
+            MasterRecord& r = people.emplace_back(MakePerson(std::to_string(1000 + i), "Ann", "Person" + Num2(i),
+                                                             i <= 30 ? "1-3-------------------------------------"
+                                                                     : "12--------------------------------------"));
+            r.WorkerCode = i <= team1 ? "01" : "02";
+            keys.push_back((kind == "wcattend" ? r.WorkerCode.str() : "") + (i <= 30 ? "996" : "997") + "PERSON" +
+                           Num2(i));
+        }
+        Load(people, 3);
+        c.p.TeamNames[1] = "Team #1: North";
+        c.p.TeamNames[2] = "Team #2: South";
+        SetList(kind, keys);
+        Accept();
+    }
+};
+
+}  // namespace
+
+TEST_F(Printing, AttendanceListGroupsByLastMeetingAndNumbersPagesFromTwo) {
+    FiftyFive(55, "attend");
+    PrintOneLineReport(c.p, 2);
+
+    const std::vector<std::string> d = Dump(out);
+    const std::string title = "Fall Master Attendance List:  Night 3 (30 present)";
+    ExpectRun(d, {"0.60 0.30 Arial14|" + title, "18.50 0.00 Arial28B| 3", "17.00 1.07 Times8|Sunday, November 22, 2026",
+                  "0.60 1.80 Arial10U|Missing Since Meeting # 3: Night 3     (30)",
+                  "0.60 2.32 Times8|01 1001 Person01, Ann", "4.71 2.32 Times8|12 Oak St",
+                  "8.50 2.32 Times8|Spr (62701) 555-0100", "11.70 2.32 Couri7B|Bap/3/",
+                  "12.58 2.32 Couri7B|1-3-------------------------  /---------",
+                  "0.60 2.77 Times8|01 1002 Person02, Ann"});
+    // The second group's heading, then a page break after the line at 24.89: no
+    // footer on page 1, the header again at the top, and the footer on page 2.
+    ExpectRun(d, {"0.60 15.82 Arial10U|Missing Since Meeting # 2: Night 2     (25)"});
+    ExpectRun(d, {"12.58 24.89 Couri7B|12--------------------------  /---------", "NewPage",
+                  "0.60 0.30 Arial14|" + title});
+    ExpectRun(d, {"1.00 25.40 Couri7B|" + title + ": Page 2", "EndDoc"});
+}
+
+TEST_F(Printing, TeamAttendanceBreaksPerTeamWithItsOwnPageNumbers) {
+    FiftyFive(52, "wcattend");
+    PrintWCReport(c.p, 2);
+
+    const std::vector<std::string> d = Dump(out);
+    const std::string north = "Team #1  North      Team 01:  Fall Attendance: Night 3";
+    const std::string south = "Team #2  South      Team 02:  Fall Attendance: Night 3";
+    ExpectRun(d, {"0.60 0.30 Arial14|" + north, "18.50 0.00 Arial28B| 3", "17.00 1.07 Times8|Sunday, November 22, 2026",
+                  "0.80 1.90 Arial10U|Missing Since Meeting # 3: Night 3", "0.80 2.42 Times8|01 1001",
+                  "1.95 2.42 Times8|Person01, Ann", "4.91 2.42 Times8|12 Oak St", "8.10 2.42 Times8|Spr62701 (555-0100)",
+                  "11.20 2.42 Couri7B|Bap/3/ 1-3-------------------------  /---------"});
+    // Past 24.9 the page ends without a footer on page 1; page 2 of the team
+    // ends at the team change with its footer at 25.5, and team 2 starts again at 1.
+    ExpectRun(d, {"11.20 24.54 Couri7B|Bap/3/ 12--------------------------  /---------", "NewPage",
+                  "0.60 0.30 Arial14|" + north});
+    ExpectRun(d, {"11.20 2.80 Couri7B|Bap/3/ 12--------------------------  /---------",
+                  "1.00 25.50 Times8|" + north + ": Page 2", "NewPage", "0.60 0.30 Arial14|" + south});
+    ExpectRun(d, {"11.20 3.32 Couri7B|Bap/3/ 12--------------------------  /---------", "EndDoc"});
+}
+
+TEST_F(Printing, BaptismTotalsCountBothMarks) {
+    std::vector<MasterRecord> people;
+    // Decisions at 5 (baptism) and 9 (unite): "-" there marks * and (r).
+    for (const char* dec : {"XXXX-XXX-", "XXXX-XXXX", "XXXXXXXX-", "XXXXXXXXX"}) {
+        MasterRecord r = MakePerson(std::to_string(2000 + people.size()), "Bo", "Name" + std::to_string(people.size()));
+        r.IntLevel = "G";
+        r.Decisions = dec;
+        people.push_back(r);
+    }
+    Load(people, 5);
+    SetList("baptism", {"A", "B", "C", "D"});
+    Accept();
+    PrintBaptisms(c.p);
+
+    const std::vector<std::string> d = Dump(out);
+    ExpectRun(d, {"0.80 2.80 Times8|1.  Name0, Bo*(r)"});
+    ExpectRun(d, {"0.80 3.29 Times8|2.  Name1, Bo*"});
+    ExpectRun(d, {"0.80 3.78 Times8|3.  Name2, Bo(r)"});
+    ExpectRun(d, {"16.50 4.76 Times8|_______________________", "16.50 5.08 Times8|Total Additions:",
+                  "19.50 5.08 Times8| 4", "16.50 5.40 Times8|Baptisms:", "19.50 5.40 Times8| 0",
+                  "16.50 5.72 Times8|Profession of Faith:", "19.50 5.72 Times8| 2",
+                  "16.50 6.04 Times8|Re-baptisms:", "19.50 6.04 Times8| 2",
+                  "1.00 6.36 Times8|Note:  The * indicates a Profession of Faith, (r) indicates Re-Baptisms or "
+                  "Reclaimations",
+                  "EndDoc"});
+    EXPECT_EQ(out.PagesPrinted(), 1);
+}
+
+TEST_F(Printing, InterviewListShowsEachDayWithItsFreeHours) {
+    Load({MakePerson("5001", "Al", "Ames"), MakePerson("5002", "Bo", "Best"), MakePerson("5003", "Cy", "Cole")}, 6);
+    for (int h = 0; h <= 13; ++h) c.p.HourLabels[static_cast<std::size_t>(h)] = "Hour" + std::to_string(h);
+    SetList("BaptClass", {"A101AMES", "A103BEST", "A103COLE"});
+    Accept();
+    PrintOneLineReport(c.p, 10);
+    std::vector<std::string> shown;
+    for (const std::string& line : Dump(out))
+        if (line.rfind("1.00 ", 0) == 0 || line.rfind("2.00 ", 0) == 0 || line.rfind("4.00 ", 0) == 0)
+            shown.push_back(line.substr(line.find('|') + 1));
+    EXPECT_EQ(shown, (std::vector<std::string>{"Sunday", "Hour0", "Hour1", "00 Ames, Al", "Hour2", "Hour3",
+                                               "00 Best, Bo", "00 Cole, Cy"}));
+}
+
+TEST_F(Printing, BadInputEndsWithoutADocument) {
+    MasterRecord longName = MakePerson("4001", "Bartholomew", "Featherstonehaugh-Whitcombe");
+    longName.IntLevel = "G";
+    longName.Decisions = "XXXX-XXX-";
+    Load({longName}, 4);
+
+    SetList("interest", {});
+    c.host.ExpectBox("There are no names in this list to print");
+    PrintOneLineReport(c.p, 6);
+
+    SetList("interest", {"G"});
+    c.host.ExpectPrinter([](host::PrinterDialog&) { return false; });
+    PrintOneLineReport(c.p, 6);
+    EXPECT_EQ(out.Documents(), 0);
+
+    // A first page past the end, also in the reports that count pages themselves.
+    for (const char* kind : {"interest", "baptism"}) {
+        SetList(kind, {"G"});
+        Accept(2);
+        c.host.ExpectBox("The page you selected to begin with", host::vbOK, "Print Error", host::vbCritical);
+        kind == std::string("baptism") ? PrintBaptisms(c.p) : PrintOneLineReport(c.p, 6);
+        EXPECT_EQ(out.Documents(), 0) << kind;
+        EXPECT_FALSE(out.DocumentOpen());
+    }
+
+    // The name is cut at the 30th character, and its marks with it.
+    SetList("interest", {"G"});
+    Accept();
+    PrintOneLineReport(c.p, 6);
+    const auto* name = out.FindText("00 4001 Featherstonehaugh-Wh");
+    ASSERT_NE(name, nullptr);
+    EXPECT_EQ(name->text, "00 4001 Featherstonehaugh-Wh, ");
+}
+
+TEST(ReportMenus, AlphabeticalReportPrintsTheRebuiltListAndKeepsThePersonOnScreen) {
+    TestCrusade c;
+    EditForm& e = c.ShowOnEditScreen({MakePerson("0002", "Zed", "Young"), MakePerson("0001", "Al", "Able")});
+    c.host.ExpectPrinter([](host::PrinterDialog&) { return true; });
+    e.mnuPrRptSubAlpha.UserClick();
+    std::vector<std::string> names;
+    for (const auto* op : c.host.printer.TextOps())
+        if (op->x == 0.6f && op->font.Size == 8) names.push_back(op->text.substr(0, 16));
+    EXPECT_EQ(names, (std::vector<std::string>{"00 0001 Able, Al", "00 0002 Young, Z"}));
+    EXPECT_EQ(e.LName.Text(), "Able");
+    EXPECT_EQ(c.p.MasterRec.LName.str().substr(0, 4), "Able");
+}
+
+TEST(ReportMenus, AReportThatFindsNobodySaysSoAndTheEditScreenShowsEveryoneAgain) {
+    TestCrusade c;
+    EditForm& e = c.ShowOnEditScreen({MakePerson("0002", "Zed", "Young"), MakePerson("0001", "Al", "Able")});
+    c.host.ExpectBox("There were no names in the file that match");
+    e.mnuPrintBaptClass.UserClick();
+    EXPECT_EQ(c.p.SortName, "alpha");
+    EXPECT_EQ(c.p.IndexCount, 2);
+    EXPECT_TRUE(c.host.printer.TextOps().empty());
+}
+
