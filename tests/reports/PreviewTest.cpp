@@ -338,11 +338,13 @@ TEST(Preview, AnEmptyMeetingOrTotalReportPrintsNothing) {
             static_cast<frmFilters&>(f).btnSave_Click();
         });
     };
-    const std::tuple<void (*)(Preview&), forms::Menu EditForm::*, const char*> cases[] = {
-        {meeting, &EditForm::mnuPrRptSelectedMtg, "There are no records for this filter."},
-        {total, &EditForm::mnuPrnTotalAttended, "There are no names to view."},
+    const char* none = "There were no names in the file that match your search criteria.";
+    const std::tuple<void (*)(Preview&), forms::Menu EditForm::*, const char*, const char*> cases[] = {
+        {meeting, &EditForm::mnuPrRptSelectedMtg, "There are no records for this filter.", none},
+        {total, &EditForm::mnuPrnTotalAttended, "There are no names to view.", none},
+        {total, &EditForm::mnuPrnTotalAttendedWC, "There are no names to view.", "There are no names in this list to print"},
     };
-    for (const auto& [ask, menu, builderSays] : cases) {
+    for (const auto& [ask, menu, builderSays, reportSays] : cases) {
         SCOPED_TRACE(builderSays);
         Preview v;
         v.pr->CloseBut.UserClick();
@@ -350,7 +352,7 @@ TEST(Preview, AnEmptyMeetingOrTotalReportPrintsNothing) {
         v.c.host.printer.Clear();
         ask(v);
         v.c.host.ExpectBox(builderSays);
-        v.c.host.ExpectBox("There were no names in the file that match your search criteria.");
+        v.c.host.ExpectBox(reportSays);
         (v.c.p.Edit().*menu).UserClick();
         EXPECT_EQ("", v.Printed());
     }
