@@ -129,8 +129,4 @@ TEST_F(Codes, NotesKeepToOneShortLine) {
     c.host.ExpectBox("You have reached the limit for Notes.");
     e.PressKey(vbKeyEnd, 0, 0);
     EXPECT_EQ(150u, e.Notes.Text().size());
-    // The caution shows once per visit to a person.
-    c.host.ExpectBox("Notes entered here are only for data entry items", host::vbOK, "Note Box Caution!");
-    e.Notes.UserMouseDown(vbLeftButton, 0, 0, 0);
-    e.Notes.UserMouseDown(vbLeftButton, 0, 0, 0);
 }
