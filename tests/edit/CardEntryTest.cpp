@@ -300,21 +300,15 @@ TEST_F(CardEntry, MeetingNumberTestsAndTheMeetingBox) {
 }
 
 TEST_F(CardEntry, ExitButtonsPressedFromTheNumberBoxSkipItsCheckOnlyForThatPress) {
-    // Cancel and Exit clicked on a blank card: leaving the number box draws no number.
-    StartAdding();
-    ASSERT_TRUE(e.RNum.HasFocus());
-    c.host.ExpectBox("You are exiting this record without saving it.", host::vbYes, "Exit Add Mode");
-    e.btnCancelNew.UserClick();
-    c.host.Verify();
-    EXPECT_EQ(std::make_tuple(100, false, std::string()), std::make_tuple(p.LastRNum, p.AddMode, p.ScratchText));
-
-    // Pressed from another box and answered No: the card stays, and neither word is left
-    // for a later number box or move.
-    StartAdding();
-    e.FName.SetFocus();
-    c.host.ExpectBox("You are exiting this record without saving it.", host::vbNo, "Exit Add Mode");
-    e.btnCancelNew.UserClick();
-    c.host.Verify();
-    EXPECT_EQ(std::make_tuple(true, std::string(), std::string()),
-              std::make_tuple(p.AddMode, p.ScratchText, p.ScratchValue));
+    // From a blank card's number box no number is drawn; answered No, the card stays and no word is left.
+    struct Row { bool fromName; int answer; std::tuple<long, bool, std::string, std::string> after; };
+    for (const Row& r : {Row{false, host::vbYes, {100, false, "", ""}}, Row{true, host::vbNo, {99, true, "", ""}}}) {
+        StartAdding();
+        if (r.fromName) e.FName.SetFocus();
+        ASSERT_EQ(!r.fromName, e.RNum.HasFocus());
+        c.host.ExpectBox("You are exiting this record without saving it.", r.answer, "Exit Add Mode");
+        e.btnCancelNew.UserClick();
+        c.host.Verify();
+        EXPECT_EQ(r.after, std::make_tuple(p.LastRNum, p.AddMode, p.ScratchText, p.ScratchValue)) << r.fromName;
+    }
 }

@@ -94,7 +94,6 @@ TEST_F(EditScreen, WalkingMarkingAndGoingBack) {
     e.ChgRec_Click(0);
     e.btnGoTo_Click();
     EXPECT_EQ("9 Cruz", std::to_string(p.CurrentIndex) + " " + e.LName.Text());
-    // The "dontexit" word stops one move and is used up.
     p.ScratchValue = "dontexit";
     e.ChgRec_Click(0);
     EXPECT_EQ("Cruz", e.LName.Text());

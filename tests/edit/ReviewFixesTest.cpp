@@ -21,7 +21,6 @@ namespace {
 class Review : public CardCrusade {
 protected:
     using CardCrusade::CardCrusade;
-    // Shows the person of record n.
     void ShowRecordNo(long n) {
         p.CurrentIndex = FindByRecord(p, n);
         ASSERT_TRUE(FetchCurrentRecord(p));
@@ -136,7 +135,6 @@ TEST_F(Review, AnAppointmentTicksOnlyItsOwnPerson) {
         a.optAptTime[8].SetValue(true);
         a.btnSave.UserClick();
     };
-    // Moving on: the next person shows and keeps no tick.
     ShowRecordNo(1);
     Appointment(setMonday4);
     EXPECT_EQ(vbChecked, e.Class.Value());
@@ -146,7 +144,6 @@ TEST_F(Review, AnAppointmentTicksOnlyItsOwnPerson) {
     e.ChgRec_Click(2);
     EXPECT_EQ(0, c.ReadRecord(next).Class);
     EXPECT_EQ(1, c.ReadRecord(1).Class);
-    // Undo takes the tick away with the code.
     ShowRecordNo(2);
     Appointment(setMonday4);
     c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");

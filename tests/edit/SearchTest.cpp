@@ -27,7 +27,6 @@ TEST_F(Search, ByNumber) {
         EXPECT_TRUE(Played("S01.wav")) << r.typed;
         EXPECT_EQ("", e.SearchBox.Text());
     }
-    // A number search works in a list that is not alphabetical.
     c.p.SortName = "zip";
     Find("100");
     EXPECT_EQ("Bell", e.LName.Text());
@@ -42,7 +41,6 @@ TEST_F(Search, ByNameAsksUntilYesOrCancel) {
     EXPECT_EQ(4, p.CurrentIndex);
     c.host.ExpectBox("0012   Ann Baker", host::vbCancel);   // Cancel ends the walk at once
     Find("b");
-    // The person in memory is the one on screen.
     EXPECT_EQ((std::vector<std::string>{"Bell", "", "2", "Bell"}),
               (std::vector<std::string>{e.LName.Text(), e.EntInd.Text(), std::to_string(p.RecordPos),
                                         RTrim(p.MasterRec.LName)}));
@@ -58,7 +56,6 @@ TEST_F(Search, FallsThroughToTheMembers) {
     c.host.ExpectBox("0777 Dunn, Rita   (SDA)\r\n\r\nIs this the Correct Name?", host::vbNo);
     c.host.ExpectBox("0778 Dunbar, Sam   (SDA)", host::vbYes);
     Find("dun");
-    // A member is no record: the screen stays.
     EXPECT_EQ("SDA|0778 S. Dunbar         |Adams", e.EntInd.Text() + "|" + e.SDAIdent.Text() + "|" + e.LName.Text());
     EXPECT_TRUE(Played("chimes.wav"));
     Find("778");
