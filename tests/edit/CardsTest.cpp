@@ -40,8 +40,7 @@ TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
     e.FName.SetText("Lou");
     c.host.ExpectBox("This record appears to be incomplete.", host::vbYes, "Exit Add Mode");
     e.btnSaveExit_Click();
-    EXPECT_FALSE(p.AddMode);
-    ASSERT_EQ(10, c.RecordsOnDisk());
+    ASSERT_EQ(std::make_pair(false, 10L), std::make_pair(p.AddMode, c.RecordsOnDisk()));
     EXPECT_EQ("9997Unknown", c.ReadRecord(10).RNum.str() + RTrim(c.ReadRecord(10).LName));
     EXPECT_TRUE(e.SearchBox.HasFocus());
 }
@@ -77,8 +76,7 @@ TEST_F(Cards, AMoveSavesOnlyWhenSomethingDiffers) {
     e.FName.SetText("Changed");
     c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");
     e.mnuUndo_Click();
-    EXPECT_EQ("Cy", e.FName.Text());
-    EXPECT_TRUE(Played("S03.wav"));
+    EXPECT_EQ(std::make_pair(std::string("Cy"), true), std::make_pair(e.FName.Text(), Played("S03.wav")));
 }
 
 TEST_F(Cards, CopyDropsTheUnsavedEditAndDrawsANumber) {
