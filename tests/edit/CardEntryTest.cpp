@@ -32,8 +32,7 @@ protected:
 TEST_F(CardEntry, WholeCardTypedWithEnterThroughTheFields) {
     StartAdding();
     Enter();   // an empty number draws the next one
-    EXPECT_EQ(vbWindowBackground, e.RNum.BackColor());
-    EXPECT_EQ(HighlightColor, e.FName.BackColor());
+    EXPECT_EQ(std::make_pair(vbWindowBackground, HighlightColor), std::make_pair(e.RNum.BackColor(), e.FName.BackColor()));
     // Typed, then Enter; a known zip fills city, state and team and skips to the phone.
     for (const char* t : {"mary", "o'neil", "12 oak street apt 2b", "62701", "(217) 555-0101", "mary at example.com"}) {
         Type(t);

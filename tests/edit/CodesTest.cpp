@@ -61,8 +61,7 @@ TEST_F(Codes, Advertising) {
             c.host.ExpectInput("Enter the Letter(s):", r.answers[1]);
         }
         e.Advertising.SetFocus();
-        EXPECT_EQ(r.want, e.Advertising.Text()) << r.box << " " << r.answers[0];
-        EXPECT_TRUE(e.WorkerCode.HasFocus());
+        EXPECT_EQ(std::make_pair(r.want, true), std::make_pair(e.Advertising.Text(), e.WorkerCode.HasFocus())) << r.box;
     }
 }
 

@@ -10,7 +10,6 @@
 #include "startup/Lifecycle.h"
 #include "startup/frmSplash.h"
 #include "store/ListEntry.h"
-#include "store/Records.h"
 #include "store/Settings.h"
 #include "tables/AppointmentFm.h"
 
