@@ -141,8 +141,7 @@ TEST_F(Review, AnAppointmentTicksOnlyItsOwnPerson) {
     EXPECT_EQ(vbUnchecked, e.Class.Value()) << e.LName.Text();
     const long next = p.RecordPos;
     e.ChgRec_Click(2);
-    EXPECT_EQ(0, c.ReadRecord(next).Class);
-    EXPECT_EQ(1, c.ReadRecord(1).Class);
+    EXPECT_EQ(std::make_pair(0, 1), std::make_pair(int{c.ReadRecord(next).Class}, int{c.ReadRecord(1).Class}));
     ShowRecordNo(2);
     Appointment(setMonday4);
     c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");
