@@ -14,7 +14,6 @@ using Cards = CardCrusade;
 
 TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
     StartAdding("2");
-    // The field rules fill the boxes as the operator moves on; here the boxes are typed clean.
     const std::pair<Control*, const char*> typed[] = {
         {&e.FName, "Mary"}, {&e.LName, "O'neil"}, {&e.Address, "12 Oak St #2B"}, {&e.Zip, "62701"},
         {&e.State, "IL"},   {&e.City, "Springfield"}, {&e.Phone, "555-1212"}, {&e.txtEmail, "m@x.org"},
@@ -29,7 +28,6 @@ TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
 
     ASSERT_EQ(9, c.RecordsOnDisk());
     MasterRecord r = c.ReadRecord(9);
-    // Numbers fall from 9999.
     EXPECT_EQ((std::vector<std::string>{"9998", "O'neil", "12 Oak St #2B", "N.....I-Smith",
                                         "met at the door twice  brought a friend", "-2" + std::string(38, '-'), "2",
                                         "1"}),   // a ticked mail-list box is 1 on disk
@@ -37,14 +35,12 @@ TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
                                         RTrim(r.Notes), r.Attendance.str(), std::to_string(r.Last),
                                         std::to_string(r.MailList)}));
     EXPECT_EQ(p.MasterRec, p.PreviousRec);   // F2 and F3 copy from the card just saved
-    // The next card is blank and on the same meeting.
     EXPECT_EQ("", e.LName.Text());
     // A card left without a last name, confirmed, is saved as "Unknown"; then add mode ends.
     e.FName.SetText("Lou");
     c.host.ExpectBox("This record appears to be incomplete.", host::vbYes, "Exit Add Mode");
     e.btnSaveExit_Click();
-    EXPECT_FALSE(p.AddMode);
-    ASSERT_EQ(10, c.RecordsOnDisk());
+    ASSERT_EQ(std::make_pair(false, 10L), std::make_pair(p.AddMode, c.RecordsOnDisk()));
     EXPECT_EQ("9997Unknown", c.ReadRecord(10).RNum.str() + RTrim(c.ReadRecord(10).LName));
     EXPECT_TRUE(e.SearchBox.HasFocus());
 }
@@ -80,8 +76,7 @@ TEST_F(Cards, AMoveSavesOnlyWhenSomethingDiffers) {
     e.FName.SetText("Changed");
     c.host.ExpectBox("Undo will Erase all of the changes", host::vbYes, "Undo Record Changes");
     e.mnuUndo_Click();
-    EXPECT_EQ("Cy", e.FName.Text());
-    EXPECT_TRUE(Played("S03.wav"));
+    EXPECT_EQ(std::make_pair(std::string("Cy"), true), std::make_pair(e.FName.Text(), Played("S03.wav")));
 }
 
 TEST_F(Cards, CopyDropsTheUnsavedEditAndDrawsANumber) {
