@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "edit/EditForm.h"
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "startup/Crusades.h"
@@ -55,7 +54,10 @@ TEST(Crusades, CancelOrAPriorMeetingWithoutItsFileStopsTheLoad) {
 
 TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
     TestCrusade c("First"), other("Second");
-    EditForm& e = c.ShowOnEditScreen({MakePerson("9998", "Ann", "First")});
+    c.WriteRecords({MakePerson("9998", "Ann", "First")});
+    c.p.Loaded = true;
+    c.Open();
+    EditForm& e = c.p.Edit();
     other.WriteRecords({MakePerson("9998", "Bob", "Second"), MakePerson("9997", "Cy", "Secondly")});
     std::string second = other.dataFile;
     e.FName.SetText("Annie");   // an edit on screen is saved to its own crusade before the change

@@ -4,10 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <functional>
 
-#include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "platform/vb/Error.h"
 #include "platform/vb/Files.h"
@@ -17,7 +14,6 @@
 #include "startup/frmSplash.h"
 #include "store/Info.h"
 #include "store/Members.h"
-#include "store/Records.h"
 #include "store/Settings.h"
 #include "support/TestCrusade.h"
 
@@ -119,16 +115,14 @@ TEST(Lifecycle, ChangingCrusadeLeavesNothingOfThePreviousOneOnScreen) {
             c.host.ExpectOpen("Select an Existing Crusade", c.dataFile).ExpectBox("Has been loaded successfully.");
             e.mnuChgCr_Click();
         } else {
-            EXPECT_TRUE(c.p.AddMode && c.p.IsNewFile);
-            EXPECT_EQ(0, e.Caption().find("Vestrel Add Name Screen: Void Crusade"));
+            EXPECT_TRUE(c.p.AddMode && c.p.IsNewFile && e.Caption().find("Vestrel Add Name Screen: Void Crusade") == 0);
         }
     }
 }
 
 TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
-    TestCrusade c("First");
+    TestCrusade c("First"), second("Second");
     c.WriteRecords({MakePerson("9998", "Ann", "First")});
-    TestCrusade second("Second");
     second.WriteRecords({MakePerson("9998", "Bob", "Second")});
     const std::string firstMembers = "0101Smith          John           \r\n";
     const std::string secondMembers = "0201Jones          Mary           \r\n0202Brown          Al             \r\n";
@@ -144,10 +138,8 @@ TEST(Lifecycle, AMemberListIsWrittenOnlyToTheFileItWasReadFrom) {
     EXPECT_EQ("2 0201", std::to_string(p.MemberCount) + " " + p.MemberList[1].substr(0, 4));
     // Tables read for one crusade are not written under another's name.
     p.DataFile = c.dataFile;
-    SaveMembers(p);
-    SaveZips(p);
-    EXPECT_EQ(firstMembers, c.ReadFile(c.p.CrusadeFile("mem")));
-    EXPECT_FALSE(vb::FileExists(c.p.CrusadeFile("zps")));
+    SaveMembers(p), SaveZips(p);
+    EXPECT_TRUE(firstMembers == c.ReadFile(c.p.CrusadeFile("mem")) && !vb::FileExists(c.p.CrusadeFile("zps")));
 }
 
 TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
@@ -188,8 +180,7 @@ TEST(Lifecycle, ACrusadeThatCannotBeWrittenIsNamedAndAnotherCanBeChosen) {
 }
 
 TEST(Lifecycle, ACrusadeThatCannotBeOpenedOrNamedLeavesTheOperatorWhereHeWas) {
-    TestCrusade c("Here");
-    TestCrusade busy("Busy");
+    TestCrusade c("Here"), busy("Busy");
     busy.WriteRecords({MakePerson("9998", "Bob", "Busy")});
     vb::RandomFile other;
     other.Open(busy.dataFile, MasterRecord::Length);

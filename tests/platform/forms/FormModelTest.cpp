@@ -121,8 +121,7 @@ TEST_F(FormModel, ActivateFiresOnceForTheFormThatComesForward) {
     f.Show();
     other.Show();
     f.log.clear();
-    forms::ActivateForm(host, &f);
-    forms::ActivateForm(host, &f);
+    for (int i = 0; i < 2; ++i) forms::ActivateForm(host, &f);
     EXPECT_EQ((std::vector<std::string>{"Activate"}), f.log);
     EXPECT_EQ((std::vector<std::string>{"Activate", "Deactivate"}), other.log);
 }

@@ -65,9 +65,7 @@ TEST_F(Files, EofAndAFileCutShort) {
 
     TextReader r;
     const std::pair<std::string, int> opens[] = {
-        {P("missing.txt"), errFileNotFound},
-        {P("nofolder/x.txt"), errPathNotFound},
-        {dir_.string(), errPathFileAccess}};
+        {P("missing.txt"), errFileNotFound}, {P("nofolder/x.txt"), errPathNotFound}, {dir_.string(), errPathFileAccess}};
     for (const auto& [path, err] : opens) EXPECT_EQ(ErrorOf([&] { r.Open(path); }), err) << path;
 }
 
@@ -171,8 +169,7 @@ TEST_F(Files, DirMatchesWildcardsWithoutCaseAndTheFileStatements) {
     }
     EXPECT_EQ(Dir(P("*.*")).size(), 5u);
 
-    Spit("a.txt", "hello");
-    Spit("b.txt", "other");
+    Spit("a.txt", "hello"), Spit("b.txt", "other");
     const std::pair<std::function<void()>, int> faults[] = {
         {[&] { FileLen(P("zz")); }, errFileNotFound},
         {[&] { Name(P("a.txt"), P("b.txt")); }, errFileExists},
@@ -220,12 +217,10 @@ TEST(Paths, SplitAndJoin) {
 TEST(Faults, AFileFaultNamesItsFileForTheOperator) {
     const std::string dir = ::testing::TempDir() + "vestrel-fault";
     const std::string missing = dir + "/nowhere/Spring.inf";
+    // A pattern that matched nothing names no file.
     const std::pair<std::function<void()>, std::string> cases[] = {
-        {[&] { TextReader r(missing); }, missing},
-        {[&] { MkDir(missing); }, missing},
-        {[&] { FileCopy(missing, dir + "/x"); }, missing},
-        {[&] { Kill(missing); }, ""},   // a pattern that matched nothing names no file
-    };
+        {[&] { TextReader r(missing); }, missing}, {[&] { MkDir(missing); }, missing},
+        {[&] { FileCopy(missing, dir + "/x"); }, missing}, {[&] { Kill(missing); }, ""}};
     for (const auto& [step, path] : cases) {
         try {
             step();
