@@ -24,13 +24,9 @@ public:
     void ShowHelp(const std::string&, int, int) override {}
     vb::DateTime Now() override { return {2026, 11, 22, 9, 30, 0}; }
     std::string GetSetting(const std::string&, const std::string&, const std::string&,
-                           const std::string& def) override {
-        return def;
-    }
+                           const std::string& def) override { return def; }
     void SaveSetting(const std::string&, const std::string&, const std::string&, const std::string&) override {}
     std::vector<std::pair<std::string, std::string>> GetAllSettings(const std::string&,
-                                                                    const std::string&) override {
-        return {};
-    }
+                                                                    const std::string&) override { return {}; }
     void DeleteSetting(const std::string&, const std::string&, const std::string&) override {}
 };

@@ -31,19 +31,17 @@ void RecordingSurface::Close() {
 void RecordingSurface::MoveTo(float x, float y) {
     x_ = x;
     y_ = y;
-    Op op = Make(OpKind::Move);
-    op.x = x_;
-    op.y = y_;
-    ops.push_back(op);
+    ops.push_back(Make(OpKind::Move));
+    ops.back().x = x_;
+    ops.back().y = y_;
 }
 
 void RecordingSurface::SetCurrentX(float x) { MoveTo(x, y_); }
 void RecordingSurface::SetCurrentY(float y) { MoveTo(x_, y); }
 
 void RecordingSurface::Record(OpKind kind, int value) {
-    Op op = Make(kind);
-    op.value = value;
-    ops.push_back(op);
+    ops.push_back(Make(kind));
+    ops.back().value = value;
 }
 
 void RecordingSurface::SetFont(const host::PrintFont& f) {
@@ -60,13 +58,9 @@ void RecordingSurface::SetDrawWidth(int w) {
 
 void RecordingSurface::Line(float x1, float y1, float x2, float y2) {
     Ink();
-    Op op = Make(OpKind::Line);
-    op.x = x1;
-    op.y = y1;
-    op.x2 = x2;
-    op.y2 = y2;
-    op.value = drawWidth_;
-    ops.push_back(op);
+    Record(OpKind::Line, drawWidth_);
+    Op& op = ops.back();
+    op.x = x1, op.y = y1, op.x2 = x2, op.y2 = y2;
     // The runtime leaves the pen at the end of a line.
     x_ = x2;
     y_ = y2;
@@ -78,12 +72,9 @@ float RecordingSurface::TextWidth(const std::string& text) {
 
 void RecordingSurface::Print(const std::string& text, bool stayOnLine) {
     Ink();
-    Op op = Make(OpKind::Text);
-    op.x = x_;
-    op.y = y_;
-    op.text = text;
-    op.stayOnLine = stayOnLine;
-    ops.push_back(op);
+    ops.push_back(Make(OpKind::Text));
+    Op& op = ops.back();
+    op.x = x_, op.y = y_, op.text = text;
     if (stayOnLine) {
         x_ += TextWidth(text);
     } else {
@@ -123,10 +114,10 @@ int RecordingSurface::PagesPrinted() const {
     return pages;
 }
 
-std::vector<const RecordingSurface::Op*> RecordingSurface::TextOps() const {
+std::vector<const RecordingSurface::Op*> RecordingSurface::OfKind(OpKind kind) const {
     std::vector<const Op*> out;
     for (const Op& op : ops)
-        if (op.kind == OpKind::Text) out.push_back(&op);
+        if (op.kind == kind) out.push_back(&op);
     return out;
 }
 
@@ -150,15 +141,4 @@ const RecordingSurface::Op* RecordingSurface::FindText(const std::string& text) 
         if (!containing && op->text.find(text) != std::string::npos) containing = op;
     }
     return containing;
-}
-
-std::vector<const RecordingSurface::Op*> RecordingSurface::Lines() const {
-    std::vector<const Op*> out;
-    for (const Op& op : ops)
-        if (op.kind == OpKind::Line) out.push_back(&op);
-    return out;
-}
-
-void RecordingSurface::Clear() {
-    *this = RecordingSurface();
 }

@@ -1,11 +1,7 @@
 #pragma once
 // A print surface that keeps every call, so report tests can check positions,
-// fonts and texts without a printer.
-//
-// Metric: every character is CharWidthPerPoint * size centimetres wide (about
-// half an em, whatever the face), and a line is LinePerPoint * size high. At 10
-// points a character is 0.18 cm and a line 0.4 cm. Real faces differ; tests
-// that depend on widths should compute them with TextWidth.
+// fonts and texts without a printer. Every character is CharWidthPerPoint * size
+// cm wide whatever the face: tests that depend on widths use TextWidth.
 #include <string>
 #include <vector>
 
@@ -26,32 +22,28 @@ public:
         float x2 = 0, y2 = 0;     // Line: second point
         std::string text;         // Text: the Windows-1252 bytes
         host::PrintFont font;     // Font, Text: the font in use
-        bool stayOnLine = false;  // Text: printed with a trailing semicolon
         int value = 0;            // ScaleMode, DrawWidth: the value; Line: the draw width
     };
 
-    // Everything recorded, in order. A KillDoc removes the calls of the document it
-    // discards and leaves one KillDoc entry in their place.
+    // Everything recorded, in order; a KillDoc leaves only itself of its document.
     std::vector<Op> ops;
     int endDocs = 0;   // documents ended while open
     int killDocs = 0;  // KillDoc calls, open document or not
     // A printer that stops taking pages: NewPage throws the runtime's printer error.
     bool refuseNewPage = false;
 
-    // The kept documents, including the one still open.
     int Documents() const { return static_cast<int>(docPages_.size()); }
     bool DocumentOpen() const { return open_; }
-    // Pages of the kept documents taken together. A NewPage with nothing after
-    // it before EndDoc makes no page, as on the printer.
+    // A NewPage with nothing after it before EndDoc makes no page, as on the printer.
     int PagesPrinted() const;
 
-    std::vector<const Op*> TextOps() const;
+    std::vector<const Op*> TextOps() const { return OfKind(OpKind::Text); }
     std::vector<std::string> Texts() const;
     std::vector<std::string> TextsOnPage(int page, int doc = 0) const;
     // The first text equal to, or else containing, the given bytes; null if none.
     const Op* FindText(const std::string& text) const;
-    std::vector<const Op*> Lines() const;
-    void Clear();
+    std::vector<const Op*> Lines() const { return OfKind(OpKind::Line); }
+    void Clear() { *this = RecordingSurface(); }
 
     float CurrentX() const override { return x_; }
     float CurrentY() const override { return y_; }
@@ -72,6 +64,7 @@ public:
     float LineHeight() const override { return LinePerPoint * font_.Size; }
 
 private:
+    std::vector<const Op*> OfKind(OpKind kind) const;
     Op Make(OpKind kind) const;
     void Record(OpKind kind, int value);
     void MoveTo(float x, float y);

@@ -4,7 +4,6 @@
 
 #include "platform/forms/Form.h"
 
-ScriptedHost::ScriptedHost() = default;
 ScriptedHost::~ScriptedHost() { Verify(); }
 
 ScriptedHost& ScriptedHost::ExpectBox(const std::string& textPart, int answer, std::optional<std::string> title,
@@ -14,17 +13,20 @@ ScriptedHost& ScriptedHost::ExpectBox(const std::string& textPart, int answer, s
 }
 
 ScriptedHost& ScriptedHost::ExpectInput(const std::string& textPart, const std::string& answer) {
-    expected_.push_back({"InputBox", textPart, std::nullopt, std::nullopt, 0, answer, {}});
-    return *this;
+    return Expect("InputBox", textPart, answer);
 }
 
 ScriptedHost& ScriptedHost::ExpectOpen(const std::string& titlePart, const std::string& path) {
-    expected_.push_back({"Open", titlePart, std::nullopt, std::nullopt, 0, path, {}});
-    return *this;
+    return Expect("Open", titlePart, path);
 }
 
 ScriptedHost& ScriptedHost::ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer) {
-    expected_.push_back({"Printer", "", std::nullopt, std::nullopt, 0, {}, std::move(answer)});
+    Expect("Printer", "", "").expected_.back().printer = std::move(answer);
+    return *this;
+}
+
+ScriptedHost& ScriptedHost::Expect(const std::string& kind, const std::string& part, const std::string& text) {
+    expected_.push_back({kind, part, std::nullopt, std::nullopt, 0, text, {}});
     return *this;
 }
 
@@ -39,63 +41,50 @@ void ScriptedHost::Verify() {
     busyDepth = 0;
 }
 
-ScriptedHost::Expected* ScriptedHost::Next(const std::string& kind, const std::string& text) {
+// The next expectation, taken off the script if it is this one.
+std::optional<ScriptedHost::Expected> ScriptedHost::Take(const std::string& kind, const std::string& text) {
     if (expected_.empty() || expected_.front().kind != kind || text.find(expected_.front().part) == std::string::npos) {
         ADD_FAILURE() << "Unexpected " << kind << ": \"" << text << "\""
                       << (expected_.empty() ? std::string(" (nothing more was expected)")
                                             : " (expected " + expected_.front().kind + " \"" +
                                                   expected_.front().part + "\")");
-        return nullptr;
+        return std::nullopt;
     }
-    return &expected_.front();
+    Expected e = std::move(expected_.front());
+    expected_.pop_front();
+    return e;
 }
 
 int ScriptedHost::MsgBox(const std::string& prompt, int buttons, const std::string& title) {
     shown.push_back({"MsgBox", prompt, title, buttons});
-    Expected* e = Next("MsgBox", prompt);
+    auto e = Take("MsgBox", prompt);
     if (!e) return (buttons & 7) == host::vbYesNo || (buttons & 7) == host::vbYesNoCancel ? host::vbNo : host::vbOK;
-    if (e->title) {
-        EXPECT_EQ(*e->title, title) << "title of the box \"" << prompt << "\"";
-    }
-    if (e->buttons) {
-        EXPECT_EQ(*e->buttons, buttons) << "buttons of the box \"" << prompt << "\"";
-    }
-    int answer = e->answer;
-    expected_.pop_front();
-    return answer;
+    EXPECT_EQ(e->title.value_or(title), title) << "title of the box \"" << prompt << "\"";
+    EXPECT_EQ(e->buttons.value_or(buttons), buttons) << "buttons of the box \"" << prompt << "\"";
+    return e->answer;
 }
 
 std::string ScriptedHost::InputBox(const std::string& prompt, const std::string& title, const std::string& def) {
     shown.push_back({"InputBox", prompt, title, 0});
-    Expected* e = Next("InputBox", prompt + "\n" + title);
-    if (!e) return def;
-    std::string answer = e->text;
-    expected_.pop_front();
-    return answer;
+    auto e = Take("InputBox", prompt + "\n" + title);
+    return e ? e->text : def;
 }
 
 bool ScriptedHost::FileDialog(const std::string& kind, host::FileDialog& d) {
     shown.push_back({kind, d.DialogTitle, d.DialogTitle, 0});
-    Expected* e = Next(kind, d.DialogTitle);
-    if (!e) return false;
-    std::string path = e->text;
-    expected_.pop_front();
-    if (path.empty()) return false;
-    d.FileName = path;
+    auto e = Take(kind, d.DialogTitle);
+    if (!e || e->text.empty()) return false;
+    d.FileName = e->text;
     return true;
 }
 
 bool ScriptedHost::ShowOpen(host::FileDialog& d) { return FileDialog("Open", d); }
-
 bool ScriptedHost::ShowSave(host::FileDialog& d) { return FileDialog("Save", d); }
 
 bool ScriptedHost::ShowPrinter(host::PrinterDialog& d) {
     shown.push_back({"Printer", "", "", 0});
-    Expected* e = Next("Printer", "");
-    if (!e) return false;
-    auto f = e->printer;
-    expected_.pop_front();
-    return f ? f(d) : true;
+    auto e = Take("Printer", "");
+    return e && (!e->printer || e->printer(d));
 }
 
 void ScriptedHost::ShowForm(forms::Form& f, bool modal) {
@@ -110,7 +99,7 @@ void ScriptedHost::ShowForm(forms::Form& f, bool modal) {
         return;
     }
     modalStack_.push_back(&f);
-    auto script = it->second;
+    auto script = it->second;   // a copy: the script may replace itself
     script(f);
     modalStack_.pop_back();
     if (f.Visible()) {
@@ -131,35 +120,36 @@ void ScriptedHost::SetBusy(bool busy) {
     busyDepth += busy ? 1 : -1;
 }
 
-int ScriptedHost::OpenDocument(const std::string& path) {
-    opened.push_back(path);
-    return openResult;
-}
+int ScriptedHost::OpenDocument(const std::string& path) { return opened.push_back(path), openResult; }
 
 void ScriptedHost::ShowHelp(const std::string& file, int command, int context) {
     helpShown.push_back(file + "|" + std::to_string(command) + "|" + std::to_string(context));
 }
 
+static std::string Key(const std::string& app, const std::string& section, const std::string& key) {
+    return app + "/" + section + "/" + key;
+}
+
 std::string ScriptedHost::GetSetting(const std::string& app, const std::string& section, const std::string& key,
                                      const std::string& def) {
-    auto it = settings.find(app + "/" + section + "/" + key);
+    auto it = settings.find(Key(app, section, key));
     return it == settings.end() ? def : it->second;
 }
 
 void ScriptedHost::SaveSetting(const std::string& app, const std::string& section, const std::string& key,
                                const std::string& value) {
-    settings[app + "/" + section + "/" + key] = value;
+    settings[Key(app, section, key)] = value;
 }
 
 std::vector<std::pair<std::string, std::string>> ScriptedHost::GetAllSettings(const std::string& app,
                                                                               const std::string& section) {
     std::vector<std::pair<std::string, std::string>> out;
-    std::string prefix = app + "/" + section + "/";
+    std::string prefix = Key(app, section, "");
     for (const auto& [k, v] : settings)
         if (k.rfind(prefix, 0) == 0) out.emplace_back(k.substr(prefix.size()), v);
     return out;
 }
 
 void ScriptedHost::DeleteSetting(const std::string& app, const std::string& section, const std::string& key) {
-    settings.erase(app + "/" + section + "/" + key);
+    settings.erase(Key(app, section, key));
 }

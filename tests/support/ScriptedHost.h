@@ -13,9 +13,7 @@
 
 class ScriptedHost : public QuietHost {
 public:
-    ScriptedHost();
-    // Verifies: every expected box shown, every busy pointer put back.
-    ~ScriptedHost() override;
+    ~ScriptedHost() override;   // runs Verify
 
     struct Shown {
         std::string kind;   // "MsgBox", "InputBox", "Open", "Save", "Printer", "Form"
@@ -24,8 +22,7 @@ public:
         int buttons = 0;
     };
 
-    // Expectations, met in order. The text is a part of the box's text; a title
-    // or buttons left out are not checked.
+    // Expectations, met in order, by a part of the box's text; a title or buttons left out are not checked.
     ScriptedHost& ExpectBox(const std::string& textPart, int answer = host::vbOK,
                             std::optional<std::string> title = std::nullopt, std::optional<int> buttons = std::nullopt);
     ScriptedHost& ExpectInput(const std::string& textPart, const std::string& answer);
@@ -75,7 +72,8 @@ private:
         std::string text;
         std::function<bool(host::PrinterDialog&)> printer;
     };
-    Expected* Next(const std::string& kind, const std::string& text);
+    ScriptedHost& Expect(const std::string& kind, const std::string& part, const std::string& text);
+    std::optional<Expected> Take(const std::string& kind, const std::string& text);
     bool FileDialog(const std::string& kind, host::FileDialog& d);
     std::deque<Expected> expected_;
     std::map<std::string, std::function<void(forms::Form&)>> modal_;

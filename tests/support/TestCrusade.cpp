@@ -6,18 +6,17 @@
 
 #include <atomic>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 TempFolder::TempFolder() {
     static std::atomic<int> counter{0};
-    fs::path p = fs::temp_directory_path() /
-                 ("vestrel-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
-    fs::remove_all(p);
-    fs::create_directories(p);
-    path_ = p.string();
+    path_ = (fs::temp_directory_path() / ("vestrel-test-" + std::to_string(::getpid()) + "-" +
+                                          std::to_string(counter++))).string();
+    fs::remove_all(path_);
+    fs::create_directories(path_);
 }
 
 TempFolder::~TempFolder() {
@@ -32,13 +31,8 @@ MasterRecord MakePerson(const std::string& rnum, const std::string& first, const
     r.RNum = rnum;
     r.FName = first;
     r.LName = last;
-    r.Address = "12 Oak St";
-    r.City = "Springfield";
-    r.State = "IL";
-    r.Zip = "62701";
-    r.Phone = "555-0100";
-    r.Age = "30-39";
-    r.RelPref = "Baptist";
+    r.Address = "12 Oak St", r.City = "Springfield", r.State = "IL", r.Zip = "62701";
+    r.Phone = "555-0100", r.Age = "30-39", r.RelPref = "Baptist";
     r.Attendance = attendance;
     r.Decisions = "---------";
     r.MailList = -1;
@@ -76,14 +70,11 @@ long TestCrusade::RecordsOnDisk() const {
 
 std::string TestCrusade::ReadFile(const std::string& path) const {
     std::ifstream in(path, std::ios::binary);
-    std::stringstream ss;
-    ss << in.rdbuf();
-    return ss.str();
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 void TestCrusade::WriteFile(const std::string& path, const std::string& bytes) const {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << bytes;
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
 void TestCrusade::Open() {
@@ -99,6 +90,6 @@ EditForm& TestCrusade::ShowOnEditScreen(const std::vector<MasterRecord>& people)
     p.CrusadeName = "Fall";
     p.SoundOn = true;
     EditForm& e = p.Edit();
-    host.sounds.clear();
+    host.sounds.clear();   // the screen's own sounds are not the test's
     return e;
 }

@@ -5,10 +5,6 @@
 #include "platform/vb/Error.h"
 
 inline int ErrorOf(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const vb::RuntimeError& e) {
-        return e.Number;
-    }
+    try { f(); } catch (const vb::RuntimeError& e) { return e.Number; }
     return 0;
 }
