@@ -119,7 +119,7 @@ TEST_F(Appointment, ClicksMakeTheCodeInVisits) {
         c.host.OnModal("AppointmentFm", [&](Form& form) {
             auto& a = static_cast<AppointmentFm&>(form);
             if (r.before.find("A24") != std::string::npos) {   // the one set shows chosen
-                EXPECT_EQ("1 1 Monday: 4:00pm", std::to_string(a.optAptDay[1].Value()) + " " + std::to_string(a.optAptTime[8].Value()) + " " + a.lblApt.Caption());
+                EXPECT_EQ("1 1 Monday: 4:00pm", std::to_string(!!a.optAptDay[1].Value()) + " " + std::to_string(!!a.optAptTime[8].Value()) + " " + a.lblApt.Caption());
             }
             for (int i = 0; i < 7; ++i) a.optAptDay[i].SetValue(i == r.day);
             for (int i = 0; i < 14; ++i) a.optAptTime[i].SetValue(i == r.hour);
