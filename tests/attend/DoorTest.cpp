@@ -102,14 +102,11 @@ TEST_F(Door, AStackOfTicketsIsMarkedAndWritten) {
 TEST_F(Door, UndoAsksAboutTheDecisionsItMayHaveEntered) {
     a.ED[0].SetValue(vbChecked);   // "Accept Christ" on every name keyed
     Key("0100");
-    EXPECT_EQ(vbChecked, a.Dec[0].Value());
-    EXPECT_EQ("C--------", RTrim(c.ReadRecord(2).Decisions));
-    c.host.ExpectBox("Do you want to undo the Accept Christ decision now?", host::vbYes,
-                       "Remove the Accept Christ Decision?", host::vbYesNo);
+    EXPECT_EQ(std::make_pair(static_cast<int>(vbChecked), std::string("C--------")), std::make_pair(a.Dec[0].Value(), RTrim(c.ReadRecord(2).Decisions)));
+    c.host.ExpectBox("Do you want to undo the Accept Christ decision now?", host::vbYes, "Remove the Accept Christ Decision?", host::vbYesNo);
     a.Undo.UserClick();
-    EXPECT_EQ(Att("12"), c.ReadRecord(2).Attendance.str());
-    EXPECT_EQ(vbUnchecked, a.Dec[0].Value());
-    EXPECT_EQ("Attendance Update", a.Caption());
+    EXPECT_EQ(std::make_tuple(Att("12"), static_cast<int>(vbUnchecked), std::string("Attendance Update")),
+              std::make_tuple(c.ReadRecord(2).Attendance.str(), a.Dec[0].Value(), a.Caption()));
     a.NextRecord_Button.UserClick();   // the undone decision reaches the disk with the next save
     EXPECT_EQ("---------", RTrim(c.ReadRecord(2).Decisions));
 
@@ -132,7 +129,7 @@ TEST_F(Door, TheMeetingBoxTakesOnlyAMeeting) {
     a.MtgNum.SetFocus();
     a.MtgNum.SetText("5");
     a.PressKey(vbKeyReturn, 0, vbKeyReturn);
-    EXPECT_EQ(5, c.p.MeetingNumber);
+    ASSERT_EQ(5, c.p.MeetingNumber);
     Key("0012");
     EXPECT_EQ(Att("1---5"), c.ReadRecord(1).Attendance.str());
     // Stepped down to 0 the box holds no meeting: the ticket is refused and nobody is marked.
@@ -169,8 +166,7 @@ TEST_F(Door, TheCorrectionDialogRefusesAndFills) {
         u.ExitAttendUpdate.UserClick();
     });
     a.Attendance.UserClick();
-    // Back on the door screen the new string stays until the next save writes it.
-    forms::ActivateForm(c.p.host, &a);
+    forms::ActivateForm(c.p.host, &a);   // the new string stays until the next save writes it
     a.NextRecord_Button.UserClick();
     EXPECT_EQ("-B3 2 3", Disk(7));
 }
@@ -256,11 +252,10 @@ TEST_F(Door, TheSearchBoxTakesAHyphenAndGlobalSearchIsQuietAfterCancel) {
     a.TypeText("12-34");
     EXPECT_EQ("12-34", a.SearchBox.Text());
     a.SearchBox.SetText("");
-    const std::string ask = "You can search for all or part of the First Name";
     const long shown = c.p.RecordPos;
     struct Case { int answer; bool said; };
     for (const Case& k : {Case{host::vbCancel, false}, Case{host::vbNo, true}}) {
-        c.host.ExpectInput(ask, "bell");
+        c.host.ExpectInput("You can search for all or part of the First Name", "bell");
         c.host.ExpectBox("Is this the correct name?", k.answer, "Global Search for: bell");
         if (k.said) c.host.ExpectBox("Search item: bell- not found");
         a.btnGlobal.UserClick();
