@@ -1,5 +1,4 @@
-// The Filters menu on the edit screen: questions, caption, count, painted fields,
-// the message, and the way back to all names.
+// The Filters menu on the edit screen: questions, caption, count, painted fields, message, way back.
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -14,8 +13,7 @@ struct OnScreen {
     TestCrusade c;
     EditForm& e;
     OnScreen() : e(c.ShowOnEditScreen(ListRecords())) { c.p.PrintCutOff = 2; }
-    // The list, its label and count, the person shown, and which of the search box
-    // and the way back to all names shows.
+    // The list, label, count, person shown, and which of the search box and the way back shows.
     std::string Screen() const {
         return c.p.SortName + "|" + e.EditLabel.Caption() + "|" + e.RecordCounter.Caption() + "|" + e.LName.Text() +
                " " + e.FName.Text() + (e.SearchBox.Visible() ? "|search" : "") + (e.ShowAll.Visible() ? "|all" : "");
@@ -27,13 +25,10 @@ struct OnScreen {
     }
 };
 
-struct Row {
-    const char* menu;
-    std::function<void(ScriptedHost&)> answers;
-    const char* message;
-    std::string screen;
-    const char* painted;
-};
+struct Row { const char* menu; std::function<void(ScriptedHost&)> answers; const char* message; std::string screen; const char* painted; };
+template <class F> std::function<void(ScriptedHost&)> Modal(const char* name, void (*script)(F&)) {
+    return [=](ScriptedHost& h) { h.OnModal(name, [=](forms::Form& f) { script(static_cast<F&>(f)); }); };
+}
 
 }  // namespace
 
@@ -46,23 +41,9 @@ TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
          "who have missed 3 night(s).", "missednight03|Missed Last 3|1 of 3|Brown Ed|all", "Last"},
         {"mnuSelTeamCode", [](ScriptedHost& h) { h.ExpectInput("Team Code (01-20)", "3"); },
          "ASSIGNED TO Team #  3", "SelWCAttend03|TEAM: 03:Team #  3|1 of 2|Brown Ed|all", "WorkerCode"},
-        {"mnuDecisionsFilter",
-         [](ScriptedHost& h) {
-             h.OnModal("SelDecFm", [](forms::Form& f) {
-                 auto& d = static_cast<SelDecFm&>(f);
-                 d.Dec[2].UserClick();
-                 d.OKBut.UserClick();
-             });
-         },
+        {"mnuDecisionsFilter", Modal<SelDecFm>("SelDecFm", [](SelDecFm& d) { d.Dec[2].UserClick(), d.OKBut.UserClick(); }),
          "DECISION: \r\nAccept Sabbath", "decisions2|Accept Sabbath|1 of 1|Cole Di|all", "Dec"},
-        {"mnuTotalAttend",
-         [](ScriptedHost& h) {
-             h.OnModal("frmFilters", [](forms::Form& f) {
-                 auto& d = static_cast<frmFilters&>(f);
-                 d.txtTotalAttend.SetText("2");
-                 d.btnSave.UserClick();
-             });
-         },
+        {"mnuTotalAttend", Modal<frmFilters>("frmFilters", [](frmFilters& d) { d.txtTotalAttend.SetText("2"), d.btnSave.UserClick(); }),
          "attended at least 2 times.", "TotalAttend|Total Meetings\r\nAttended =2|1 of 4|Lee Ann|all", "Attend"},
         {"mnuAttendFilter", [](ScriptedHost& h) { h.ExpectInput("Set Meeting Cut Off", ""); },
          "Nightly Attendance.", "attend|Attendance\r\nlast mtg >2|1 of 6|Adams Cy|all", "Attendance"},
@@ -76,8 +57,7 @@ TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
         s.Pick(row.menu);
         EXPECT_EQ(row.screen, s.Screen());
         if (row.painted) {
-            forms::Control* c = s.e.FindControl(row.painted, row.painted == std::string("Dec") ? 1 : -1);
-            EXPECT_EQ(forms::HighlightColor, c->BackColor());
+            EXPECT_EQ(forms::HighlightColor, s.e.FindControl(row.painted, row.painted == std::string("Dec") ? 1 : -1)->BackColor());
         }
         s.c.host.Verify();
     }

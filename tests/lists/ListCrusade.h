@@ -8,11 +8,7 @@
 
 struct Person {
     const char *rnum, *first, *last, *address, *zip, *age, *adv, *rel, *level, *visits, *team, *notes, *attendance;
-    short mail;
-    const char* decisions;
-    short cls;
-    const char *map, *bapt;
-    short flag, mark;
+    short mail; const char* decisions; short cls; const char *map, *bapt; short flag, mark;
 };
 
 inline std::vector<Person> ListPeople() {
@@ -44,8 +40,7 @@ inline std::vector<MasterRecord> ListRecords(const std::vector<Person>& people =
         MasterRecord& r = recs.emplace_back(MakePerson(s.rnum, s.first, s.last, s.attendance));
         r.Address = s.address, r.Zip = s.zip, r.Age = s.age, r.Advertising = s.adv, r.RelPref = s.rel;
         r.IntLevel = s.level, r.Visits = s.visits, r.WorkerCode = s.team, r.Notes = s.notes, r.MailList = s.mail;
-        r.Decisions = s.decisions, r.Class = s.cls, r.MapCode = s.map, r.BaptDate = s.bapt, r.IntFlag = s.flag;
-        r.MarkToVisit = s.mark;
+        r.Decisions = s.decisions, r.Class = s.cls, r.MapCode = s.map, r.BaptDate = s.bapt, r.IntFlag = s.flag, r.MarkToVisit = s.mark;
     }
     return recs;
 }
