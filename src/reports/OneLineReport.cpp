@@ -1,7 +1,6 @@
 // The one-line list reports: one person a line, grouped by the code's key.
 #include <algorithm>
 #include <cctype>
-#include <functional>
 #include <vector>
 
 #include "lists/Lists.h"
