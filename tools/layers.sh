@@ -16,7 +16,7 @@ rank() {
     store) echo 3 ;;
     lists) echo 4 ;;
     reports) echo 5 ;;
-    attend | edit | tables | startup | maint) echo 6 ;;
+    attend | edit | tables | startup | maint | exchange) echo 6 ;;
     program) echo 7 ;;
     app) echo 8 ;;
     *) echo "" ;;
