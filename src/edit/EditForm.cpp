@@ -87,6 +87,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     mnuGlobal.Click = [this] { mnuGlobal_Click(); };
     btnGlobal.Click = [this] { mnuGlobal_Click(); };
     WireDoorScreens();
+    WireMergeAttendance();
     WirePreview();
     // The printed reports.
     WireReports();

@@ -156,6 +156,8 @@ public:
     void mnuViewPrayerList_Click();
     void Form_KeyDown(int& KeyCode, int Shift) override;
     void WireDoorScreens();
+    void WireMergeAttendance();
+    void mnuMergeAttendance_Click();
     std::string DeleteTitle;     // tells a delete from a move to the member file
     void DropExitWords();
     int ClassAtPress = -1;       // Class before the click that opens the appointment dialog
