@@ -103,7 +103,7 @@ TEST(MergeAttendance, MarksOfTheNightNewNamesOnceAndMembers) {
         if (k.refuseAt == 0) {
             EXPECT_EQ(4, m.c.p.IndexCount);
             const std::string inf = m.c.ReadFile(m.c.p.CrusadeFile("inf"));
-            EXPECT_EQ(" 5 \r", inf.substr(inf.find("\r\n", inf.find("\r\n") + 2) + 2, 4));
+            EXPECT_EQ(" 5\r\n", inf.substr(inf.find("\r\n", inf.find("\r\n") + 2) + 2, 4));
             EXPECT_NE(m.c.ReadFile(m.c.p.CrusadeFile("mem")).find("0900Member"), std::string::npos);
             EXPECT_EQ(std::count(m.c.p.MemberList.begin(), m.c.p.MemberList.end(), m.c.p.MemberList[1]), 1);
         }
