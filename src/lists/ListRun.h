@@ -11,7 +11,4 @@ struct ListRun : ProgramState {
 
     virtual SelDecFm& SelDec() = 0;
     virtual frmFilters& Filters() = 0;
-
-    // Households of the mail-list clean-up that need the operator's choice.
-    int FamilyCount = 0;
 };

@@ -9,6 +9,7 @@
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
 #include "tables/AppointmentFm.h"
+#include "tables/FamilyMem.h"
 
 Program::Program(host::Host& h, std::string appPath) : ReportRun(h, std::move(appPath)) {}
 
@@ -83,4 +84,10 @@ SelDecFm& Program::SelDec() {
 frmFilters& Program::Filters() {
     if (!filters_) filters_ = std::make_unique<frmFilters>(*this);
     return *filters_;
+}
+
+std::vector<std::string> Program::SelectMailList(int group) {
+    FamilyMem form(*this);
+    form.ShowAt(group);
+    return {form.FamilyList.begin() + 1, form.FamilyList.end()};
 }

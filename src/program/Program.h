@@ -41,6 +41,7 @@ struct Program : ReportRun {
     void EnterPreviewEdit() override;
     void LeavePreviewEdit() override;
     void ShowEdit() override;
+    std::vector<std::string> SelectMailList(int group) override;
 
     // Runs once when the data folder has just been made (the desktop places a sample crusade there).
     std::function<void(Program&)> OnDataFolderCreated;

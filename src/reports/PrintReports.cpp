@@ -227,8 +227,8 @@ void PrintReports::Wire() {
     mnuTotalAttendance.Click = [this] { RunMenuFilter("TotalAttend", ""); };
     mnuByZip.Click = [this] { RunMenuFilter("zip", ""); };
     mnuMLAllNames.Click = [this] { RunMenuFilter("mail", ""); };
-    mnuCleanMList.Click = [this, mlHelp] { RunMenuFilter("CleanMailList", mlHelp); };
-    Command2.Click = [this, mlHelp] { RunMenuFilter("CleanMailList", mlHelp); };
+    mnuCleanMList.Click = [this, mlHelp] { CleanMailList(mlHelp); };
+    Command2.Click = [this, mlHelp] { CleanMailList(mlHelp); };
     mnuMissedMtgs.Click = [this] { RunMenuFilter("missednight", ""); };
     mnuSelMtg.Click = [this] { RunMenuFilter("attendnight", ""); };
     mnuDupAdd.Click = [this, mlHelp] { RunMenuFilter("DupAddress", mlHelp); };

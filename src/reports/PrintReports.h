@@ -58,6 +58,8 @@ public:
     void pvBapDate_Click();
     void CloseBut_Click();
     void VScroll1_KeyDown(int& KeyCode, int Shift);
+    // The clean-up list, then the mail-list selection over its households.
+    void CleanMailList(const std::string& help);
     // A menu of the form: runs the filter of `kind` and shows it, with its help line.
     void RunMenuFilter(const std::string& kind, const std::string& help, int number = 0,
                        const std::string& option = "");

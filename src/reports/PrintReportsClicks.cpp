@@ -37,6 +37,13 @@ void PrintReports::RunMenuFilter(const std::string& kind, const std::string& hel
     PreviewReport();
 }
 
+void PrintReports::CleanMailList(const std::string& help) {
+    RunMenuFilter("CleanMailList", help);
+    if (p.SortName != "CleanMailList" || p.FamilyCount == 0) return;
+    p.SelectMailList(1);
+    PreviewReport();
+}
+
 void PrintReports::Info_MouseDown(int Button, int Shift, float X, float Y) {
     if (Button != vbLeftButton) return;
     Control* remembered = SelectedOption();
@@ -146,7 +153,17 @@ void PrintReports::Info_MouseDown(int Button, int Shift, float X, float Y) {
     } else if (mode == "ML") {
         r.MailList = r.MailList ? 0 : -1;
     } else {
-        // "M": the household dialog is not part of the program yet; nothing changes.
+        // "M": the household of this line, ticked in the mail-list selection. Each
+        // record it marks is written there; the clicked one, read before, is not
+        // written back over it.
+        const int group = static_cast<int>(Val(Mid(p.SortIndex[static_cast<std::size_t>(line)], 78, 4)));
+        for (const std::string& entry : p.SelectMailList(group)) {
+            const long rec = static_cast<long>(Val(Right(entry, 4)));
+            if (entry.empty() || !GetRecord(p, rec)) continue;
+            r.MailList = static_cast<std::int16_t>(entry[0] == '$' ? -1 : 0);
+            PutRecord(p, rec);
+        }
+        showScrollInfo();
         restore();
         return;
     }

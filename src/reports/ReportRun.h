@@ -2,6 +2,9 @@
 // The run as the reports see it: the report screen, and the few things the
 // report screen asks of the edit screen, which sits a floor above and is
 // reached through the run that owns both.
+#include <string>
+#include <vector>
+
 #include "lists/ListRun.h"
 
 class PrintReports;
@@ -22,4 +25,7 @@ struct ReportRun : ListRun {
     virtual void EnterPreviewEdit() = 0;
     virtual void LeavePreviewEdit() = 0;
     virtual void ShowEdit() = 0;
+    // The mail-list selection, opened at household `group` of the clean-up list; the
+    // entries of the household shown last, each begun with "$" for a label or "-".
+    virtual std::vector<std::string> SelectMailList(int group) = 0;
 };
