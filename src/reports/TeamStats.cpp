@@ -35,6 +35,10 @@ bool VisitedFrom(const std::string& visits, int meeting) {
     return false;
 }
 
+// A team line is the name, a colon and the phone. The page's column is headed
+// "Name", so it shows the name: the text after the colon is the phone.
+std::string TeamName(const std::string& line) { return vb::Trim(line.substr(0, line.find(':'))); }
+
 int Sum20(const std::array<int, 41>& a) {
     int s = 0;
     for (std::size_t i = 1; i <= 20; ++i) s += a[i];
@@ -134,16 +138,12 @@ void PrintTeamStats(ProgramState& p, const TeamCounts& t, host::PrintSurface& ou
     out.Print("");
     out.SetDrawWidth(1);
     out.Line(1.2f, out.CurrentY(), 19.9f, out.CurrentY());
-    out.Print("");
-    out.Print("");
-    out.SetCurrentY(std::max(2.4f, out.CurrentY()));
+    out.SetCurrentY(2.4f);
     for (std::size_t i = 0; i <= 40; ++i) {
         char num[8];
         std::snprintf(num, sizeof num, "%02d", static_cast<int>(i));
-        const std::string& name = p.TeamNames[i];
-        const auto colon = name.find(':');
         at(1.3f, num);
-        at(1.8f, colon == std::string::npos ? name : name.substr(colon + 1));
+        at(1.8f, TeamName(p.TeamNames[i]));
         const std::pair<float, int> cols[] = {
             {4.5f, t.TeamCount[i]},   {5.3f, t.TeamVis[i]},    {6.5f, t.TeamActive[i]}, {7.4f, t.TeamActiveVis[i]},
             {9.5f, t.TeamCurrentVis[i]}, {10.8f, t.TeamGospel[i]}, {11.7f, t.TeamGospelVis[i]},
@@ -197,10 +197,7 @@ std::string TeamStatsScreenText(const ProgramState& p, const TeamCounts& t) {
     s += line;
     s += std::string(118, '=') + "\r\n";
     for (std::size_t i = 1; i <= 20; ++i) {
-        const std::string& name = p.TeamNames[i];
-        const auto colon = name.find(':');
-        std::string shown = colon == std::string::npos ? name : name.substr(colon + 1);
-        shown = vb::Left(vb::Trim(shown), 12);
+        const std::string shown = vb::Left(TeamName(p.TeamNames[i]), 12);
         std::snprintf(line, sizeof line, "%02d   %-13s%6d%7d  %-3d%-3d%-3d%-6d%7d %4d%5d%8d %4d%5d%8d%7d%7d\r\n",
                       static_cast<int>(i), shown.c_str(), t.TeamCount[i], t.TeamVis[i], t.TeamA[i], t.TeamB[i],
                       t.TeamC[i], t.TeamBapt[i], t.TeamActive[i], t.TeamActiveVis[i],
