@@ -195,7 +195,7 @@ std::string TeamStatsScreenText(const ProgramState& p, const TeamCounts& t) {
                   "    Name    ", "Names", "Visits", "A", "B", "C", "Bpt", "Names", "Yes", "No", "Names", "Yes", "No",
                   "Visits", "Visits", "Report");
     s += line;
-    s += std::string(118, '=') + "\r\n";
+    s += std::string(104, '=') + "\r\n";
     for (std::size_t i = 1; i <= 20; ++i) {
         const std::string shown = vb::Left(TeamName(p.TeamNames[i]), 12);
         std::snprintf(line, sizeof line, "%02d   %-13s%6d%7d  %-3d%-3d%-3d%-6d%7d %4d%5d%8d %4d%5d%8d%7d%7d\r\n",
