@@ -22,14 +22,14 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     // Work that is not part of the program yet stays disabled.
     for (Control* c : std::initializer_list<Control*>{
              &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
-             &btnExcel, &btnStats, &btnPrayer, &mnuBackup,
+             &btnExcel, &btnPrayer, &mnuBackup,
              &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
              &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
              &mnuEditTeamNames, &mnuDeleteRecord,
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
-             &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mnuStats, &mnuWkrStats, &mPrCut,
+             &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mPrCut,
              &mnuIntMem, &mnuMemIntTickets, &mnunamesbynumber, &mnuPrRptMasters, &mnuPrRptWorkerCode,
              &mnuPrBapt, &mnuPrDecisions, &mnuICard, &mnuPrIntLevel, &mnuPrMailLbl, &mnuMapCode,
              &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
@@ -94,6 +94,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
 
     // Filters.
     WireFilters();
+    WireStats();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

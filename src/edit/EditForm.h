@@ -180,6 +180,7 @@ public:
     void OpenPreview();
     // The printed reports of the Print Reports menu.
     void WireReports();
+    void WireStats();
     void RunReport(void (*report)(Program&, int), int code);
     // Filters.
     void mPrCut_Click();

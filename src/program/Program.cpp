@@ -3,6 +3,7 @@
 #include "edit/EditForm.h"
 #include "edit/Navigate.h"
 #include "reports/PrintReports.h"
+#include "reports/BlankFrm.h"
 #include "lists/SelDecFm.h"
 #include "lists/frmFilters.h"
 #include "startup/frmSplash.h"
@@ -76,6 +77,11 @@ PrintReports& Program::Reports() {
 }
 
 bool Program::ReportsLoaded() const { return reports_ && reports_->Loaded(); }
+BlankFrm& Program::Blank() {
+    if (!blank_) blank_ = std::make_unique<BlankFrm>(*this);
+    return *blank_;
+}
+
 SelDecFm& Program::SelDec() {
     if (!selDec_) selDec_ = std::make_unique<SelDecFm>(*this);
     return *selDec_;

@@ -14,6 +14,7 @@ class AppointmentFm;
 class PrintReports;
 class SelDecFm;
 class frmFilters;
+class BlankFrm;
 
 struct Program : ReportRun {
     Program(host::Host& host, std::string appPath);
@@ -32,6 +33,7 @@ struct Program : ReportRun {
     AppointmentFm& Appointment();
     PrintReports& Reports() override;
     bool ReportsLoaded() const override;
+    BlankFrm& Blank() override;
     SelDecFm& SelDec() override;
     frmFilters& Filters() override;
 
@@ -55,4 +57,5 @@ private:
     std::unique_ptr<PrintReports> reports_;
     std::unique_ptr<SelDecFm> selDec_;
     std::unique_ptr<frmFilters> filters_;
+    std::unique_ptr<BlankFrm> blank_;
 };

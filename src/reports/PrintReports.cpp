@@ -5,6 +5,7 @@
 #include "lists/Lists.h"
 #include "platform/host/Host.h"
 #include "platform/vb/Strings.h"
+#include "reports/BlankFrm.h"
 #include "reports/ReportRun.h"
 #include "reports/ReportParts.h"
 #include "store/Records.h"
@@ -265,8 +266,7 @@ void PrintReports::Wire() {
     mnuBapDateSet.Click = [this] { RunMenuFilter("FutureBapDateSet", ""); };
     mnuAllBapDates.Click = [this] { RunMenuFilter("date", ""); };
     mnuBaptisms.Click = [this] { btnBaptisms_Click(); };
-    // The statistics report is not part of the program yet.
-    Command1.SetEnabled(false);
+    Command1.Click = [this] { p.Blank().Show(true); };
 }
 
 void PrintReports::Form_Load() {

@@ -8,12 +8,15 @@
 #include "lists/ListRun.h"
 
 class PrintReports;
+class BlankFrm;
 
 struct ReportRun : ListRun {
     using ListRun::ListRun;
 
     virtual PrintReports& Reports() = 0;
     virtual bool ReportsLoaded() const = 0;
+    // The viewer of the statistics reports.
+    virtual BlankFrm& Blank() = 0;
 
     virtual bool EditLoaded() const = 0;
     // The edit screen's "Show All".
