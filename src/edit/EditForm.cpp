@@ -30,7 +30,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
              &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mnuStats, &mnuWkrStats, &mPrCut,
-             &mnuIntMem, &mnuMemIntTickets, &mnunamesbynumber, &mnuPrRptMasters, &mnuPrRptWorkerCode,
+             &mnuPrRptMasters, &mnuPrRptWorkerCode,
              &mnuPrBapt, &mnuPrDecisions, &mnuICard, &mnuPrIntLevel, &mnuPrMailLbl, &mnuMapCode,
              &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
              &mnuSpecialAttend, &mnuAdvFilter, &mnuAgeFilter, &mnuBaptisms, &mnuBapDate, &mnuDecisionsFilter,
@@ -90,6 +90,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WirePreview();
     // The printed reports.
     WireReports();
+    WireRegistration();
 
     // Filters.
     WireFilters();
