@@ -82,14 +82,16 @@ void PrintLabelTestSheet(ReportRun& p) {
     const MasterRecord sample = SamplePerson();
     const MailLabelGeometry labels = MailLabelGeometry::For(p);
     const LabelLines label = LabelTexts(sample);
+    // Y grows row by row as on the sheets themselves, to the same hundredth.
     out.SetFont(Fonts::fntTimes12);
-    for (int row = 0; row < L::LabelRows; ++row)
-        PrintLabelRow(out, labels, labels.firstRowY + static_cast<float>(row) * MailLabelGeometry::RowPitch,
-                      {label, label, label});
+    float y = labels.firstRowY;
+    for (int row = 0; row < L::LabelRows; ++row, y += MailLabelGeometry::RowPitch)
+        PrintLabelRow(out, labels, y, {label, label, label});
     const CardGeometry cards = CardGeometry::For(p);
     const auto card = CardTexts(sample);
-    for (int row = L::FirstCardRow; row < L::Cards.rows; ++row)
-        PrintCardRow(out, cards, cards.firstRowY + static_cast<float>(row) * CardGeometry::RowPitch, {card, card});
+    y = cards.firstRowY;
+    for (int row = 0; row < L::Cards.rows; ++row, y += CardGeometry::RowPitch)
+        if (row >= L::FirstCardRow) PrintCardRow(out, cards, y, {card, card});
 
     out.SetFont(Fonts::fntTimes8);
     out.SetCurrentY(L::FootY);
