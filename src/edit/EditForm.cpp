@@ -29,8 +29,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
-             &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mPrCut,
-             &mnuIntMem, &mnuMemIntTickets, &mnunamesbynumber, &mnuPrRptMasters, &mnuPrRptWorkerCode,
+             &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mPrCut, &mnuPrRptMasters, &mnuPrRptWorkerCode,
              &mnuPrBapt, &mnuPrDecisions, &mnuICard, &mnuPrIntLevel, &mnuPrMailLbl, &mnuMapCode,
              &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
              &mnuSpecialAttend, &mnuAdvFilter, &mnuAgeFilter, &mnuBaptisms, &mnuBapDate, &mnuDecisionsFilter,
@@ -91,6 +90,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WirePreview();
     // The printed reports.
     WireReports();
+    WireRegistration();
 
     // Filters.
     WireFilters();

@@ -13,6 +13,7 @@
 
 struct Program;
 struct ProgramState;
+enum class RegistrationKind;
 
 // The Notes box at a key, on the edit and the door screens: 150 characters at
 // most, one line, no comma. A refused key is set to 0.
@@ -182,6 +183,13 @@ public:
     void WireReports();
     void WireStats();
     void RunReport(void (*report)(Program&, int), int code);
+    // Registration lists and tickets, and the label test sheet.
+    void mnuIntMem_Click();
+    void mnunamesbynumber_Click();
+    void mnuMemIntTickets_Click();
+    void mnuLabelTestSheet_Click();
+    void PrintRegistration(RegistrationKind kind);
+    void WireRegistration();
     // Filters.
     void mPrCut_Click();
     void mnuAlphaCutOffFilter_Click();
@@ -440,6 +448,7 @@ public:
     forms::Menu mnuICard{*this, "mnuICard", "&Interest Card Labels", &mnuPrint};
     forms::Menu mnuPrIntLevel{*this, "mnuPrIntLevel", "&Interest Level", &mnuPrint};
     forms::Menu mnuPrMailLbl{*this, "mnuPrMailLbl", "&Mail Labels", &mnuPrint};
+    forms::Menu mnuLabelTestSheet{*this, "mnuLabelTestSheet", "Label &Test Sheet", &mnuPrint};
     forms::Menu mnuMapCode{*this, "mnuMapCode", "&by Map Code", &mnuPrint};
     forms::Menu mnuPreCrusade{*this, "mnuPreCrusade", "Pre-Crusade Invitations", &mnuPrint};
     forms::Menu mnuPrMarked{*this, "mnuPrMarked", "Special Marked Names", &mnuPrint};

@@ -67,6 +67,52 @@ std::string FitText(PrintSurface& out, const std::string& text, float room) {
     return s;
 }
 
+LabelLines LabelTexts(const MasterRecord& r) {
+    return {RTrim(r.FName) + " " + r.LName.str(), r.Address.str(),
+            Trim(r.City) + ", " + r.State.str() + "  " + r.Zip.str()};
+}
+
+void PrintLabelRow(PrintSurface& out, const MailLabelGeometry& g, float y, const LabelRowTexts& texts) {
+    out.SetCurrentY(y);
+    for (std::size_t line = 0; line < 3; ++line)
+        PrintLine(out, {{g.columnX[0], texts[0][line], MailLabelGeometry::TextRoom},
+                        {g.columnX[1], texts[1][line], MailLabelGeometry::TextRoom},
+                        {g.columnX[2], texts[2][line], MailLabelGeometry::TextRoom}});
+}
+
+void PrintCardRow(PrintSurface& out, const CardGeometry& g, float y, const CardRowTexts& cards) {
+    auto text = [&](int col, std::size_t row, bool right) -> std::string {
+        if (cards[col].empty()) return "";
+        return right ? cards[col][row].second : cards[col][row].first;
+    };
+    out.SetCurrentY(y);
+    out.SetFont(Fonts::fntArial13BU);
+    std::vector<Piece> nameLine;
+    for (int col = 0; col < 2; ++col) {
+        const float x = g.columnX[col];
+        nameLine.push_back({x, text(col, 0, false), CardGeometry::NumberOffset - 0.1f});
+        nameLine.push_back({x + CardGeometry::NumberOffset, text(col, 0, true),
+                            CardGeometry::TextRoom - CardGeometry::NumberOffset});
+    }
+    PrintLine(out, nameLine);
+    out.SetFont(Fonts::fntTimes10);
+    out.PrintEmptyLine();
+    for (std::size_t row = 1; row < 7; ++row) {
+        if (row == 6) out.PrintEmptyLine();
+        std::vector<Piece> line;
+        for (int col = 0; col < 2; ++col) {
+            const float x = g.columnX[col];
+            const bool twoColumns = row <= 4;
+            line.push_back({x, text(col, row, false),
+                            twoColumns ? CardGeometry::RightOffset - 0.1f : CardGeometry::TextRoom});
+            if (twoColumns)
+                line.push_back({x + CardGeometry::RightOffset, text(col, row, true),
+                                CardGeometry::TextRoom - CardGeometry::RightOffset});
+        }
+        PrintLine(out, line);
+    }
+}
+
 MailLabelGeometry MailLabelGeometry::For(const ProgramState& p) {
     MailLabelGeometry g;
     const float right = static_cast<float>(p.LabelRight) / 10, top = static_cast<float>(p.LabelTop) / 10;
@@ -141,20 +187,15 @@ void prnMailLabels(ReportRun& p) {
     int onSheet = 0;
     int next = skip + 1;
     while (next <= p.IndexCount) {
-        std::array<std::array<std::string, 3>, 3> texts;   // strings start empty; "{}" here crashes clang 14
+        LabelRowTexts texts;   // strings start empty; "{}" here crashes clang 14
         for (int col = 0; col < 3 && next <= p.IndexCount; ++col, ++next, ++onSheet) {
             if (!GetRecord(p, RecordOf(p.SortIndex[static_cast<std::size_t>(next)]))) continue;
             const MasterRecord& r = p.MasterRec;
-            texts[col] = {RTrim(r.FName) + " " + r.LName.str(), r.Address.str(),
-                          Trim(r.City) + ", " + r.State.str() + "  " + r.Zip.str()};
+            texts[col] = LabelTexts(r);
             ShowProgress(p, texts[col][0]);
         }
-        out.SetCurrentY(y);
+        PrintLabelRow(out, g, y, texts);
         y += MailLabelGeometry::RowPitch;
-        for (int line = 0; line < 3; ++line)
-            PrintLine(out, {{g.columnX[0], texts[0][line], MailLabelGeometry::TextRoom},
-                            {g.columnX[1], texts[1][line], MailLabelGeometry::TextRoom},
-                            {g.columnX[2], texts[2][line], MailLabelGeometry::TextRoom}});
         if (onSheet == MailLabelGeometry::PerSheet && next <= p.IndexCount) {
             onSheet = 0;
             out.NewPage();
@@ -281,7 +322,7 @@ void InterestCard2x4(ReportRun& p) {
     int next = skip + 1;
     std::vector<long> printed;
     while (next <= p.IndexCount) {
-        std::array<std::vector<std::pair<std::string, std::string>>, 2> cards;
+        CardRowTexts cards;
         for (int col = 0; col < 2 && next <= p.IndexCount; ++col, ++next, ++onSheet) {
             const long n = RecordOf(p.SortIndex[static_cast<std::size_t>(next)]);
             if (!GetRecord(p, n)) continue;
@@ -289,37 +330,8 @@ void InterestCard2x4(ReportRun& p) {
             printed.push_back(n);
             ShowProgress(p, cards[col][0].first);
         }
-        auto text = [&](int col, std::size_t row, bool right) -> std::string {
-            if (cards[col].empty()) return "";
-            return right ? cards[col][row].second : cards[col][row].first;
-        };
-        out.SetCurrentY(y);
+        PrintCardRow(out, g, y, cards);
         y += CardGeometry::RowPitch;
-        out.SetFont(Fonts::fntArial13BU);
-        std::vector<Piece> nameLine;
-        for (int col = 0; col < 2; ++col) {
-            const float x = g.columnX[col];
-            nameLine.push_back({x, text(col, 0, false), CardGeometry::NumberOffset - 0.1f});
-            nameLine.push_back({x + CardGeometry::NumberOffset, text(col, 0, true),
-                                CardGeometry::TextRoom - CardGeometry::NumberOffset});
-        }
-        PrintLine(out, nameLine);
-        out.SetFont(Fonts::fntTimes10);
-        out.PrintEmptyLine();
-        for (std::size_t row = 1; row < 7; ++row) {
-            if (row == 6) out.PrintEmptyLine();
-            std::vector<Piece> line;
-            for (int col = 0; col < 2; ++col) {
-                const float x = g.columnX[col];
-                const bool twoColumns = row <= 4;
-                line.push_back({x, text(col, row, false),
-                                twoColumns ? CardGeometry::RightOffset - 0.1f : CardGeometry::TextRoom});
-                if (twoColumns)
-                    line.push_back({x + CardGeometry::RightOffset, text(col, row, true),
-                                    CardGeometry::TextRoom - CardGeometry::RightOffset});
-            }
-            PrintLine(out, line);
-        }
         if (onSheet == CardGeometry::PerSheet && next <= p.IndexCount) {
             onSheet = 0;
             out.NewPage();

@@ -36,3 +36,13 @@ std::string FitText(host::PrintSurface& out, const std::string& text, float room
 
 // The texts of one interest card, row by row: left column and right column.
 std::vector<std::pair<std::string, std::string>> CardTexts(const MasterRecord& r);
+
+// The three lines of a mail label, and a row of three labels (an empty text prints nothing).
+using LabelLines = std::array<std::string, 3>;
+using LabelRowTexts = std::array<LabelLines, 3>;
+LabelLines LabelTexts(const MasterRecord& r);
+// A row of labels from its Y, in the surface's font, as the labels print it.
+void PrintLabelRow(host::PrintSurface& out, const MailLabelGeometry& g, float y, const LabelRowTexts& texts);
+// A row of two cards from its Y, fonts included; a card with no texts stays empty.
+using CardRowTexts = std::array<std::vector<std::pair<std::string, std::string>>, 2>;
+void PrintCardRow(host::PrintSurface& out, const CardGeometry& g, float y, const CardRowTexts& cards);
