@@ -136,9 +136,16 @@ Copy Take(const std::string& dataFile, const std::string& operation, const DateT
         }
         maint::CopyDurably(listTemp, partial + "/copy.txt");
         fs::remove(listTemp, ec);
+        // A copy of the same second takes the next number after the highest
+        // one there, so that the newest always sorts last.
         std::string name = Stamp(now);
-        for (int n = 2; fs::exists(root + "/" + name) && n < 100; ++n)
-            name = Stamp(now) + "-" + (n < 10 ? "0" : "") + std::to_string(n);
+        int n = 0;
+        for (const auto& e : fs::directory_iterator(root, ec)) {
+            const std::string other = e.path().filename().string();
+            if (OwnName(other) && other.rfind(name, 0) == 0)
+                n = std::max(n, other.size() > name.size() ? std::stoi(other.substr(name.size() + 1)) : 1);
+        }
+        if (n > 0) name += "-" + std::string(n + 1 < 10 ? "0" : "") + std::to_string(n + 1);
         fs::rename(partial, root + "/" + name, ec);
         if (ec) {
             RuntimeError e(errPermissionDenied, ErrorDescription(errPermissionDenied));
