@@ -118,7 +118,7 @@ Copy Take(const std::string& dataFile, const std::string& operation, const DateT
         for (const std::string& f : CrusadeFiles(dataFile)) {
             if (!FileExists(f)) continue;
             const std::string name = FileNameOf(f);
-            maint::CopyDurably(f, partial + "/" + name);
+            maint::CopyDurably(f, partial + "/" + name, false);
             c.files.emplace_back(name, static_cast<long long>(FileLen(partial + "/" + name)));
         }
         std::string list = std::string(Mark) + "\n" + operation + "\n" + c.taken + "\n";
@@ -134,7 +134,9 @@ Copy Take(const std::string& dataFile, const std::string& operation, const DateT
                 throw e;
             }
         }
-        maint::CopyDurably(listTemp, partial + "/copy.txt");
+        maint::CopyDurably(listTemp, partial + "/copy.txt", false);
+        for (const auto& entry : c.files) maint::SyncFile(partial + "/" + entry.first);
+        maint::SyncFile(partial + "/copy.txt");
         fs::remove(listTemp, ec);
         // A copy of the same second takes the next number after the highest
         // one there, so that the newest always sorts last.

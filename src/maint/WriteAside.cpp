@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 
@@ -84,7 +85,7 @@ std::string TempBeside(const std::string& target) {
                                           std::to_string(counter++) + ".tmp");
 }
 
-void CopyDurably(const std::string& from, const std::string& to) {
+void CopyDurably(const std::string& from, const std::string& to, bool sync) {
     const int in = Open(from, O_RDONLY);
     if (in < 0) Fail(errno, from);
     const int out = Open(to, O_WRONLY | O_CREAT | O_EXCL);
@@ -95,12 +96,20 @@ void CopyDurably(const std::string& from, const std::string& to) {
     }
     int err = CopyBytes(in, out);
     ::close(in);
-    if (!err && ::fsync(out) != 0) err = errno;
+    if (!err && sync && ::fsync(out) != 0) err = errno;
     if (::close(out) != 0 && !err) err = errno;
     if (err) {
         ::unlink(to.c_str());
         Fail(err, to);
     }
+}
+
+void SyncFile(const std::string& path) {
+    const int fd = Open(path, O_RDONLY);
+    if (fd < 0) Fail(errno, path);
+    const int err = ::fsync(fd) != 0 ? errno : 0;
+    ::close(fd);
+    if (err) Fail(err, path);
 }
 
 void SyncFolder(const std::string& folder) {
@@ -116,18 +125,23 @@ AsideSet::~AsideSet() {
 
 void AsideSet::Stage(const std::string& from, const std::string& to) {
     std::string temp = TempBeside(to);
-    CopyDurably(from, temp);
+    // Flushed together at Commit: the first flush takes the others' blocks along.
+    CopyDurably(from, temp, false);
     staged_.emplace_back(std::move(temp), to);
 }
 
 void AsideSet::Commit() {
+    for (const auto& [temp, target] : staged_) SyncFile(temp);
+    std::vector<std::string> folders;
     while (!staged_.empty()) {
         const auto& [temp, target] = staged_.front();
         if (::rename(temp.c_str(), target.c_str()) != 0) Fail(errno, target);
         committed_.push_back(target);
-        SyncFolder(FolderOf(target));
+        if (std::find(folders.begin(), folders.end(), FolderOf(target)) == folders.end())
+            folders.push_back(FolderOf(target));
         staged_.erase(staged_.begin());
     }
+    for (const std::string& f : folders) SyncFolder(f);
 }
 
 }  // namespace maint

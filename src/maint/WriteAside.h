@@ -11,9 +11,12 @@ namespace maint {
 // ".<name>.<pid>.<n>.tmp" beside the target: the name the start-up sweep
 // recognises as a save a crash interrupted.
 std::string TempBeside(const std::string& target);
-// Copies `from` to `to` and flushes it to the disk; `to` must not exist.
+// Copies `from` to `to` and flushes it to the disk (unless `sync` is false: the
+// caller then syncs it with SyncFile); `to` must not exist.
 // vb::RuntimeError (with the path) on failure, and nothing is left at `to`.
-void CopyDurably(const std::string& from, const std::string& to);
+void CopyDurably(const std::string& from, const std::string& to, bool sync = true);
+// fsync of a written file; vb::RuntimeError when the disk refuses.
+void SyncFile(const std::string& path);
 // fsync of a folder, so that renames in it survive a power cut.
 void SyncFolder(const std::string& folder);
 
@@ -27,8 +30,8 @@ public:
     AsideSet(const AsideSet&) = delete;
     AsideSet& operator=(const AsideSet&) = delete;
     void Stage(const std::string& from, const std::string& to);
-    // Renames in the order staged; the first refused rename throws, and the
-    // targets renamed before it stay replaced.
+    // Flushes every staged file, then renames in the order staged; the first
+    // refused rename throws, and the targets renamed before it stay replaced.
     void Commit();
     // Targets renamed so far by Commit.
     const std::vector<std::string>& Committed() const { return committed_; }
