@@ -182,6 +182,18 @@ public:
     // The printed reports of the Print Reports menu.
     void WireReports();
     void WireStats();
+    // File care: backup, restore, compact, Fix Files, erase, and the undo of the last of these.
+    void WireFileCare();
+    void mnuBackup_Click();
+    void BackupFiles();
+    void mnuRestoreCr_Click();
+    void RestoreCrusade();
+    void mnuCompact_Click();
+    void mnuFixFile_Click();
+    void mnuClearIntFlag_Click();
+    void FixFiles(bool clearFlag);
+    void mnuErase_Click();
+    void mnuUndoFileOp_Click();
     void RunReport(void (*report)(Program&, int), int code);
     // Registration lists and tickets, and the label test sheet.
     void mnuIntMem_Click();
@@ -362,6 +374,7 @@ public:
     forms::Menu mnuFileLine1{*this, "mnuFileLine1", "-", &mnuFile};
     forms::Menu mnuCompact{*this, "mnuCompact", "&Compact Database", &mnuFile};
     forms::Menu mnuFixFile{*this, "mnuFixFile", "&Fix  the File", &mnuFile};
+    forms::Menu mnuUndoFileOp{*this, "mnuUndoFileOp", "&Undo Last File Operation", &mnuFile};
     forms::Menu mnuInfo{*this, "mnuInfo", "File &Information", &mnuFile};
     forms::Menu mnuPref{*this, "mnuPref", "Vestrel &Preferences", &mnuFile};
     forms::Menu mnuCompare{*this, "mnuCompare", "Compare", &mnuFile};

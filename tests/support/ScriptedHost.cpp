@@ -20,6 +20,10 @@ ScriptedHost& ScriptedHost::ExpectOpen(const std::string& titlePart, const std::
     return Expect("Open", titlePart, path);
 }
 
+ScriptedHost& ScriptedHost::ExpectSave(const std::string& titlePart, const std::string& path) {
+    return Expect("Save", titlePart, path);
+}
+
 ScriptedHost& ScriptedHost::ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer) {
     Expect("Printer", "", "").expected_.back().printer = std::move(answer);
     return *this;

@@ -28,6 +28,7 @@ public:
     ScriptedHost& ExpectInput(const std::string& textPart, const std::string& answer);
     // An empty path answers Cancel.
     ScriptedHost& ExpectOpen(const std::string& titlePart, const std::string& path);
+    ScriptedHost& ExpectSave(const std::string& titlePart, const std::string& path);
     ScriptedHost& ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer);
     // The script that runs while a modal form of this name is shown; it must close it.
     void OnModal(const std::string& formName, std::function<void(forms::Form&)> script);
