@@ -14,6 +14,7 @@
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Attendance.h"
+#include "store/ByteWords.h"
 #include "store/MasterRecord.h"
 #include "store/Members.h"
 #include "store/State.h"
@@ -129,15 +130,22 @@ void PutAlphaEntry(std::vector<std::string>& list, const char* rec, long n) {
 }
 
 // A record as this program writes it: a number of digits and names and
-// codes without control characters. Branch-free so that it runs in vector steps.
+// codes without control characters (below a blank, and DEL). Eight bytes at a
+// step; the last word overlaps the one before it, which changes no answer.
 bool LooksLikeRecord(const char* rec) {
+    using namespace bytewords;
     unsigned bad = 0;
-    for (std::size_t k = 0; k < 4; ++k) bad |= static_cast<unsigned>(rec[k] < '0') | static_cast<unsigned>(rec[k] > '9');
-    for (std::size_t k = RecordAt::FName; k < RecordAt::Notes; ++k) {
-        auto c = static_cast<unsigned char>(rec[k]);
-        bad |= static_cast<unsigned>(c < 0x20) | static_cast<unsigned>(c == 0x7F);
-    }
-    return bad == 0;
+    for (std::size_t k = 0; k < 4; ++k) bad |= static_cast<unsigned>(static_cast<unsigned char>(rec[k] - '0') > 9);
+    static_assert(RecordAt::Notes - RecordAt::FName >= 8);
+    std::uint64_t words = 0;
+    auto check = [&](std::size_t at) {
+        const std::uint64_t w = Load(rec + at);
+        words |= AnyBelow(w, 0x20) | BytesEqual(w, 0x7F);
+    };
+    std::size_t k = RecordAt::FName;
+    for (; k + 8 <= RecordAt::Notes; k += 8) check(k);
+    check(RecordAt::Notes - 8);
+    return bad == 0 && words == 0;
 }
 
 // Most records of a real crusade pass, damaged ones included; other files
