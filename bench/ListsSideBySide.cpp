@@ -18,6 +18,7 @@
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "GeneratedCrusades.h"
+#include "Rounds.h"
 #include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
@@ -193,7 +194,15 @@ sqlite3* LoadDatabase(Program& p) {
     Exec(db,
          "CREATE TABLE people(rec INTEGER PRIMARY KEY, rnum, fname, lname, address, zip, age, adv, relpref, intlevel,"
          " visits, worker, notes, attendance, attend, last INTEGER, mail INTEGER, decisions, class INTEGER, mapcode,"
-         " bapt, intflag INTEGER, mark INTEGER)");
+         " bapt, intflag INTEGER, mark INTEGER);"
+         // The indexes a user would make: one on each column a list selects or sorts by.
+         "CREATE INDEX p_intlevel ON people(intlevel); CREATE INDEX p_worker ON people(worker);"
+         "CREATE INDEX p_mail ON people(mail); CREATE INDEX p_mark ON people(mark);"
+         "CREATE INDEX p_class ON people(class); CREATE INDEX p_last ON people(last);"
+         "CREATE INDEX p_zip ON people(zip); CREATE INDEX p_bapt ON people(bapt);"
+         "CREATE INDEX p_relpref ON people(relpref); CREATE INDEX p_age ON people(age);"
+         "CREATE INDEX p_rnum ON people(rnum); CREATE INDEX p_lname ON people(lname);"
+         "CREATE INDEX p_intflag ON people(intflag);");
     sqlite3_stmt* ins = nullptr;
     sqlite3_prepare_v2(db, "INSERT INTO people VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)", -1, &ins,
                        nullptr);
@@ -219,6 +228,7 @@ sqlite3* LoadDatabase(Program& p) {
     }
     sqlite3_finalize(ins);
     Exec(db, "COMMIT");
+    Exec(db, "ANALYZE");
     return db;
 }
 
@@ -251,20 +261,17 @@ void BM_Sql(benchmark::State& state, const ListKind& k) {
     sqlite3_close(db);
 }
 
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    // Processor time: on a shared machine the wall clock measures the neighbours too.
-    std::map<std::string, double> medians;   // name -> ms
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.aggregate_name == "median") medians[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
+// The least a list read from the file costs: the whole record file read.
+void BM_FloorRead(benchmark::State& state) {
+    const std::string path = Generated().Path(static_cast<int>(state.range(0)));
+    std::vector<char> bytes(static_cast<std::size_t>(std::filesystem::file_size(path)));
+    for (auto _ : state) {
+        std::FILE* f = std::fopen(path.c_str(), "rb");
+        if (!f || std::fread(bytes.data(), 1, bytes.size(), f) != bytes.size()) state.SkipWithError("read failed");
+        if (f) std::fclose(f);
+        benchmark::DoNotOptimize(bytes.data());
     }
-    double Get(const std::string& name) const {
-        auto it = medians.find(name);
-        return it == medians.end() ? 0 : it->second;
-    }
-};
+}
 
 }  // namespace
 
@@ -272,23 +279,21 @@ int main(int argc, char** argv) {
     for (const ListKind& k : Kinds()) {
         for (int n : Sizes) {
             benchmark::RegisterBenchmark((std::string("List/") + k.kind).c_str(), BM_List, k)
-                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly(true);
+                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)->MinTime(0.05);
             benchmark::RegisterBenchmark((std::string("Sql/") + k.kind).c_str(), BM_Sql, k)
-                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly(true);
+                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)->MinTime(0.05);
         }
     }
+    for (int n : Sizes)
+        benchmark::RegisterBenchmark("FloorRead", BM_FloorRead)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)->MinTime(0.05);
     benchmark::Initialize(&argc, argv);
-    MedianReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::printf("\nmedian processor time in ms\n%-20s %10s %10s %8s %10s %10s %8s %10s\n", "kind", "list 1000", "sql 1000", "ratio", "list 9999",
-                "sql 9999", "ratio", "9999/1000");
-    for (const ListKind& k : Kinds()) {
-        double l1 = reporter.Get(std::string("List/") + k.kind + "/1000"), s1 = reporter.Get(std::string("Sql/") + k.kind + "/1000");
-        double l9 = reporter.Get(std::string("List/") + k.kind + "/9999"), s9 = reporter.Get(std::string("Sql/") + k.kind + "/9999");
-        std::printf("%-20s %10.3f %10.3f %8.2f %10.3f %10.3f %8.2f %10.1f\n", k.kind, l1, s1, s1 > 0 ? l1 / s1 : 0, l9,
-                    s9, s9 > 0 ? l9 / s9 : 0, l1 > 0 ? l9 / l1 : 0);
-    }
-    std::printf("(n log n from 1000 to 9999 people gives %.1f)\n", 9.999 * 1.333);
+    Rounds rounds;
+    benchmark::RunSpecifiedBenchmarks(&rounds);
+    Rounds::Header("ms");
+    for (const ListKind& k : Kinds())
+        for (int n : Sizes)
+            rounds.Row(std::string("list ") + k.kind, n, std::string("List/") + k.kind, std::string("Sql/") + k.kind, "",
+                       "FloorRead");
     benchmark::Shutdown();
     return 0;
 }

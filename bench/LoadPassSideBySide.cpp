@@ -24,6 +24,7 @@
 #include "store/SortIndex.h"
 #include "store/State.h"
 #include "GeneratedCrusades.h"
+#include "Rounds.h"
 #include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
@@ -112,7 +113,9 @@ sqlite3* LoadDatabase(const std::string& path) {
          "CREATE TABLE people(rec INTEGER PRIMARY KEY, rnum TEXT, fname TEXT, lname TEXT, address TEXT, zip TEXT,"
          " age TEXT, worker TEXT, attendance TEXT, attend TEXT, last INTEGER, decisions TEXT, intflag INTEGER,"
          " rest BLOB);"
-         "CREATE TABLE zips(zip TEXT PRIMARY KEY, entry TEXT);");
+         "CREATE TABLE zips(zip TEXT PRIMARY KEY, entry TEXT);"
+         // The indexes a user would make for the duplicate numbers and the zip count.
+         "CREATE INDEX people_rnum ON people(rnum); CREATE INDEX people_zip ON people(zip);");
     sqlite3_stmt* ins = nullptr;
     sqlite3_prepare_v2(db, "INSERT INTO people VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?)", -1, &ins, nullptr);
     Exec(db, "BEGIN");
@@ -172,45 +175,28 @@ void BM_Sqlite(benchmark::State& state) {
     sqlite3_close(db);
 }
 
-// Keeps the median of every run and prints the table and the ratios after the console's lines.
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    std::map<std::string, double> medians;   // name -> ms
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.aggregate_name == "median") medians[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Get(const std::string& name) const {
-        auto it = medians.find(name);
-        return it == medians.end() ? 0 : it->second;
-    }
-};
-
 }  // namespace
 
-BENCHMARK(BM_LoadPass)->Arg(1000)->Arg(3000)->Arg(9999)->Unit(benchmark::kMillisecond)->Repetitions(9)
-    ->ReportAggregatesOnly(true);
-BENCHMARK(BM_Floor)->Arg(1000)->Arg(3000)->Arg(9999)->Unit(benchmark::kMillisecond)->Repetitions(9)
-    ->ReportAggregatesOnly(true);
-BENCHMARK(BM_Sqlite)->Arg(1000)->Arg(3000)->Arg(9999)->Unit(benchmark::kMillisecond)->Repetitions(9)
-    ->ReportAggregatesOnly(true);
+void Sizes3(benchmark::internal::Benchmark* b) {
+    for (int n : Sizes) b->Arg(n);
+    b->Unit(benchmark::kMillisecond)->Repetitions(9)->MinTime(0.1);
+}
+BENCHMARK(BM_LoadPass)->Apply(Sizes3);
+BENCHMARK(BM_Floor)->Apply(Sizes3);
+BENCHMARK(BM_Sqlite)->Apply(Sizes3);
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    MedianReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::printf("\n%-8s %14s %14s %14s %12s %12s\n", "people", "load pass ms", "floor ms", "sql ms", "pass/sql",
-                "pass/floor");
+    Rounds rounds;
+    benchmark::RunSpecifiedBenchmarks(&rounds);
+    Rounds::Header("ms");
+    for (int n : Sizes) rounds.Row("load pass", n, "BM_LoadPass", "BM_Sqlite", "", "BM_Floor");
     for (int n : Sizes) {
-        const std::string arg = "/" + std::to_string(n);
-        double pass = reporter.Get("BM_LoadPass" + arg), floor = reporter.Get("BM_Floor" + arg),
-               sql = reporter.Get("BM_Sqlite" + arg);
-        std::printf("%-8d %14.2f %14.2f %14.2f %12.2f %12.2f\n", n, pass, floor, sql, sql > 0 ? pass / sql : 0,
+        const std::string at = "/" + std::to_string(n);
+        const double pass = rounds.Wall("BM_LoadPass" + at), floor = rounds.Wall("BM_Floor" + at);
+        std::printf("load pass %5d on the wall: %.2f ms, floor %.2f ms, ratio %.2f\n", n, pass, floor,
                     floor > 0 ? pass / floor : 0);
     }
-    double small = reporter.Get("BM_LoadPass/1000"), large = reporter.Get("BM_LoadPass/9999");
-    if (small > 0) std::printf("load pass 9999 / 1000: %.2f (n log n would give %.2f)\n", large / small, 9.999 * 1.333);
     benchmark::Shutdown();
     return 0;
 }

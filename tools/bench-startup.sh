@@ -18,11 +18,13 @@ for f in "$app" "$make" "$bare"; do
 done
 
 work=$(mktemp -d)
-display=:$((90 + RANDOM % 100))
-Xvfb "$display" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+# The server picks a display number no other server holds and writes it to fd 5.
+Xvfb -displayfd 5 -screen 0 1280x1024x24 -nolisten tcp 5> "$work/display" >/dev/null 2>&1 &
 xvfb=$!
 trap 'kill "$xvfb" 2>/dev/null; rm -rf "$work"' EXIT
-sleep 1
+for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
+[ -s "$work/display" ] || { echo "Xvfb did not start" >&2; exit 1; }
+display=:$(head -1 "$work/display")
 export DISPLAY=$display QT_QPA_PLATFORM=xcb VESTREL_PAINT_STAMPS=1
 
 median() { sort -n | awk '{a[NR]=$1} END {print a[int((NR+1)/2)]}'; }

@@ -98,10 +98,7 @@ void AttendF::EnterTicket() {
     if (IsNumeric(text)) {
         // The last four digits of a longer printed number; a short one is not padded.
         const std::string key = text.size() <= 4 ? text : Right(text, 4);
-        for (int i = 1; i <= p.IndexCount && !hit; ++i) {
-            const std::string& e = p.SortIndex[i];
-            if (std::min<std::size_t>(4, e.size()) == key.size() && SameAt(e, key, 0)) hit = i;
-        }
+        hit = FirstEntryWithNumber(p, key);
     } else {
         const std::string key = vb::Left(text, 3);
         const long width = static_cast<long>(text.size());
@@ -334,8 +331,7 @@ void AttendF::RNum_LostFocus() {
         RNum.SetFocus();
         return;
     }
-    for (int i = 1; i <= p.IndexCount; ++i) {
-        if (i == p.CurrentIndex || !SameAt(p.SortIndex[i], number, 0)) continue;
+    if (FirstEntryWithNumber(p, number, p.CurrentIndex) != 0) {
         p.host.MsgBox(number + " is a duplicate record number" + p.CrLf + "The Registration Number will be reset." +
                           p.CrLf + "You must enter a different Number.",
                       host::vbCritical);
@@ -345,7 +341,7 @@ void AttendF::RNum_LostFocus() {
     }
     RNum.SetText(number);
     openRNum_ = number;
-    if (p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount) SetEntryPart(p.SortIndex[p.CurrentIndex], EntryPart::Number, number);
+    SetEntryNumber(p, p.CurrentIndex, number);
 }
 
 void AttendF::Attendance_Click() {

@@ -220,17 +220,7 @@ bool EditForm::FieldKeyDown(Control& box, int& KeyCode, int /*Shift*/) {
 }
 
 int EditForm::CheckDuplicate(const std::string& number) {
-    // Without regard to case, and without copying: the list may hold 9999 entries.
-    auto sameNumber = [&](const std::string& entry) {
-        if (entry.size() < number.size() || number.size() > 4) return false;
-        if (std::min<std::size_t>(entry.size(), 4) != number.size()) return false;
-        for (std::size_t k = 0; k < number.size(); ++k)
-            if (UCaseChar(entry[k]) != UCaseChar(number[k])) return false;
-        return true;
-    };
-    for (int i = 1; i <= p.IndexCount; ++i) {
-        if (!sameNumber(p.SortIndex[static_cast<std::size_t>(i)])) continue;
-        if (i == p.CurrentIndex && !p.AddMode) continue;
+    if (FirstEntryWithNumber(p, number, p.AddMode ? 0 : p.CurrentIndex) != 0) {
         p.host.MsgBox(number + " is a duplicate record number" + p.CrLf + "The Registration Number will be reset." +
                           p.CrLf + "You must enter a different Number.",
                       host::vbCritical);
@@ -271,8 +261,7 @@ void EditForm::RNum_LostFocus() {
         } else {
             RNum.SetText(number);
             OpenRNum = number;
-            if (!p.AddMode && p.CurrentIndex >= 1 && p.CurrentIndex <= p.IndexCount)
-                SetEntryPart(p.SortIndex[static_cast<std::size_t>(p.CurrentIndex)], EntryPart::Number, number);
+            if (!p.AddMode) SetEntryNumber(p, p.CurrentIndex, number);
         }
     } else {
         RNum.SetText(RTrim(p.MasterRec.RNum));

@@ -18,13 +18,6 @@ namespace {
 std::string NameLine(const MasterRecord& r) {
     return RTrim(r.RNum) + "   " + RTrim(r.FName) + " " + RTrim(r.LName);
 }
-// The entry's first 4 characters equal the number, without regard to case.
-bool SameNumber(const std::string& entry, const std::string& num) {
-    if (entry.size() < 4) return false;
-    for (int k = 0; k < 4; ++k)
-        if (UCaseChar(entry[k]) != UCaseChar(num[k])) return false;
-    return true;
-}
 }  // namespace
 
 void EditForm::SearchBox_KeyDown(int& KeyCode, int) {
@@ -86,8 +79,7 @@ void EditForm::SearchFor(const std::string& typed) {
     if (byNumber) {
         std::string num = Right("0000" + Trim(key), 4);
         memberKey = num;
-        for (int i = 1; i <= p.IndexCount && !hit; ++i)
-            if (SameNumber(p.SortIndex[i], num)) hit = i;
+        hit = FirstEntryWithNumber(p, num);
     } else {
         if (p.SortName == "unsorted") {
             // A new crusade's list is every person in the order typed, not a filter the

@@ -1,12 +1,12 @@
 #include "store/Records.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <vector>
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
 #include "store/Info.h"
+#include "store/SortIndex.h"
 #include "store/State.h"
 
 using namespace vb;
@@ -97,14 +97,11 @@ std::string NextRNum(ProgramState& p) {
     const long step = UCase(Trim(p.NumberDirection)) == "UP" ? 1 : -1;
     // A number the list already holds is passed over: the information file
     // may be older than the records (restored, or lost and rebuilt).
-    std::unordered_set<std::string> inUse;
-    for (int i = 1; i <= p.IndexCount && i < static_cast<int>(p.SortIndex.size()); ++i)
-        inUse.insert(UCase(Left(p.SortIndex[i], 4)));
     std::string num;
     for (int tries = 0; tries <= 10000; ++tries) {
         p.LastRNum += step;
         num = Right("0000" + Trim(CStr(p.LastRNum)), 4);
-        if (!inUse.contains(num)) break;
+        if (FirstEntryWithNumber(p, num) == 0) break;
         if (tries == 10000) {
             p.LastRNum = before;
             p.host.MsgBox("Every registration number is in use.", host::vbExclamation);

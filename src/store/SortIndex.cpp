@@ -14,6 +14,7 @@
 #include "platform/vb/Files.h"
 #include "platform/vb/Strings.h"
 #include "store/Attendance.h"
+#include "store/ByteWords.h"
 #include "store/MasterRecord.h"
 #include "store/Members.h"
 #include "store/State.h"
@@ -129,15 +130,22 @@ void PutAlphaEntry(std::vector<std::string>& list, const char* rec, long n) {
 }
 
 // A record as this program writes it: a number of digits and names and
-// codes without control characters. Branch-free so that it runs in vector steps.
+// codes without control characters (below a blank, and DEL). Eight bytes at a
+// step; the last word overlaps the one before it, which changes no answer.
 bool LooksLikeRecord(const char* rec) {
+    using namespace bytewords;
     unsigned bad = 0;
-    for (std::size_t k = 0; k < 4; ++k) bad |= static_cast<unsigned>(rec[k] < '0') | static_cast<unsigned>(rec[k] > '9');
-    for (std::size_t k = RecordAt::FName; k < RecordAt::Notes; ++k) {
-        auto c = static_cast<unsigned char>(rec[k]);
-        bad |= static_cast<unsigned>(c < 0x20) | static_cast<unsigned>(c == 0x7F);
-    }
-    return bad == 0;
+    for (std::size_t k = 0; k < 4; ++k) bad |= static_cast<unsigned>(static_cast<unsigned char>(rec[k] - '0') > 9);
+    static_assert(RecordAt::Notes - RecordAt::FName >= 8);
+    std::uint64_t words = 0;
+    auto check = [&](std::size_t at) {
+        const std::uint64_t w = Load(rec + at);
+        words |= AnyBelow(w, 0x20) | BytesEqual(w, 0x7F);
+    };
+    std::size_t k = RecordAt::FName;
+    for (; k + 8 <= RecordAt::Notes; k += 8) check(k);
+    check(RecordAt::Notes - 8);
+    return bad == 0 && words == 0;
 }
 
 // Most records of a real crusade pass, damaged ones included; other files
@@ -394,14 +402,13 @@ void SortEntries(ProgramState& p) {
     std::size_t width = s[1].size() >= 4 ? s[1].size() - 4 : 0;
     if (p.SortName == "byNum") width = s[1].size();
     CombSortList(p, width, false);
+    p.EntryNumbers.Forget();
 }
 
-int FindByNumber(const ProgramState& p) {
-    std::string num = UCase(p.MasterRec.RNum);
-    int n = std::min<int>(p.IndexCount, static_cast<int>(p.SortIndex.size()) - 1);
-    for (int i = 1; i <= n; ++i)
-        if (UCase(Left(p.SortIndex[i], 4)) == num) return i;
-    return 0;
+int FindByNumber(const ProgramState& p) { return FirstEntryWithNumber(p, p.MasterRec.RNum.str()); }
+
+int FirstEntryWithNumber(const ProgramState& p, std::string_view number, int passOver) {
+    return p.EntryNumbers.First(p.SortIndex, p.IndexCount, number, passOver);
 }
 
 void RebuildAlpha(ProgramState& p) {
@@ -533,11 +540,27 @@ void SetEntryPart(std::string& entry, EntryPart part, const std::string& text) {
     vb::MidAssign(entry, part == EntryPart::Number ? 1 : 78, text, 4);
 }
 
+void SetEntryNumber(ProgramState& p, int at, const std::string& number) {
+    if (at < 1 || at > p.IndexCount || at >= static_cast<int>(p.SortIndex.size())) return;
+    std::string& entry = p.SortIndex[static_cast<std::size_t>(at)];
+    const std::string before = entry;
+    SetEntryPart(entry, EntryPart::Number, number);
+    EntryChanged(p, at, before);
+}
+
+void EntryChanged(ProgramState& p, int at, std::string_view before) {
+    p.EntryNumbers.Changed(p.SortIndex, p.IndexCount, at, before);
+}
+
 void DropCurrentEntry(ProgramState& p) {
     if (p.CurrentIndex < 1 || p.CurrentIndex > p.IndexCount) return;
-    p.SortIndex.erase(p.SortIndex.begin() + p.CurrentIndex);
+    const bool followed = p.EntryNumbers.Follows(p.SortIndex, p.IndexCount);
+    const int at = p.CurrentIndex;
+    const std::string before = p.SortIndex[static_cast<std::size_t>(at)];
+    p.SortIndex.erase(p.SortIndex.begin() + at);
     --p.IndexCount;
     p.SortIndex.resize(static_cast<std::size_t>(p.IndexCount) + 1);
+    p.EntryNumbers.Removed(p.SortIndex, p.IndexCount, at, before, followed);
     if (p.CurrentIndex > p.IndexCount) p.CurrentIndex = p.IndexCount;
 }
 

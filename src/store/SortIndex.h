@@ -5,6 +5,7 @@
 // mode, showing the person) is the caller's, in edit/Navigate.h.
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 struct ProgramState;
@@ -17,6 +18,10 @@ void SortEntries(ProgramState& p);
 std::vector<int> CombSortOrder(const char* keys, std::size_t stride, std::size_t width, int n, bool descending);
 // Position of the first entry whose number is MasterRec's RNum; 0 when none.
 int FindByNumber(const ProgramState& p);
+// Position of the first entry in list order whose first 4 characters are
+// `number` without regard to case, passing over position `passOver`; 0 when none.
+// The same answer as walking the list, through the list's index of numbers.
+int FirstEntryWithNumber(const ProgramState& p, std::string_view number, int passOver = 0);
 // Rebuilds the "alpha" list from the file, skipping deleted records, and sorts it.
 void RebuildAlpha(ProgramState& p);
 // The file part of the load pass: repairs, rewrites and indexes every record.
@@ -29,6 +34,10 @@ void CountZips(ProgramState& p);
 enum class EntryPart { Number, Household };
 // Overwrites that part of the entry with text, cut to the part's width.
 void SetEntryPart(std::string& entry, EntryPart part, const std::string& text);
+// The entry at `at` of the list gets a new number; the index of numbers follows.
+void SetEntryNumber(ProgramState& p, int at, const std::string& number);
+// Entry `at` of the list was rewritten in place; `before` is what it held.
+void EntryChanged(ProgramState& p, int at, std::string_view before);
 // Takes the entry at CurrentIndex out of the list; the one after it, or the one
 // before when it was the last, becomes current.
 void DropCurrentEntry(ProgramState& p);

@@ -9,6 +9,7 @@
 #include "platform/host/Host.h"
 #include "platform/vb/Files.h"
 #include "store/MasterRecord.h"
+#include "store/NumberIndex.h"
 
 inline constexpr int VersionMajor = 2;
 inline constexpr int VersionMinor = 5;
@@ -50,6 +51,8 @@ struct ProgramState {
     int SavedIndex = 0;
     std::string SortName;
     std::string PriorSortName;
+    // The list's entries by number; built again whenever the list changes under it.
+    mutable NumberIndex EntryNumbers;
 
     // Crusade-wide values (the information file).
     std::string CrusadeName;

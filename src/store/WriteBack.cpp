@@ -3,6 +3,7 @@
 #include "platform/vb/Error.h"
 #include "store/ListEntry.h"
 #include "store/Records.h"
+#include "store/SortIndex.h"
 #include "store/State.h"
 
 bool WriteBack(ProgramState& p, const std::string& stillShown) {
@@ -16,7 +17,10 @@ bool WriteBack(ProgramState& p, const std::string& stillShown) {
         return false;
     }
     const int at = p.CurrentIndex;
-    if (at >= 1 && at <= p.IndexCount && at < static_cast<int>(p.SortIndex.size()))
-        p.SortIndex[at] = ListEntry(p, p.SortIndex[at], p.RecordPos);
+    if (at >= 1 && at <= p.IndexCount && at < static_cast<int>(p.SortIndex.size())) {
+        const std::string before = p.SortIndex[at];
+        p.SortIndex[at] = ListEntry(p, before, p.RecordPos);
+        EntryChanged(p, at, before);
+    }
     return true;
 }
