@@ -23,7 +23,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     for (Control* c : std::initializer_list<Control*>{
              &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
              &btnExcel, &btnStats, &btnPrayer, &mnuBackup,
-             &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
+             &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuExportToAccess,
              &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
              &mnuEditTeamNames, &mnuDeleteRecord,
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
@@ -35,7 +35,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
              &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
              &mnuSpecialAttend, &mnuAdvFilter, &mnuAgeFilter, &mnuBaptisms, &mnuBapDate, &mnuDecisionsFilter,
              &mnuAddressFilter, &mnuIntLevel, &mnuMailList, &mnuNeedInterview, &mnuNotes, &munPre, &mnuReligion,
-             &mnuZips, &mnuMarked, &mnuUpdate}) {
+             &mnuZips, &mnuMarked}) {
         notBuilt_.insert(c);
         c->SetEnabled(false);
     }
@@ -93,6 +93,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
 
     // Filters.
     WireFilters();
+    WireExchange();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

@@ -178,6 +178,9 @@ public:
     void OpenPreview();
     // The printed reports of the Print Reports menu.
     void WireReports();
+    // The import of a comma-separated file and the update check (EditFormImport.cpp).
+    void WireExchange();
+    void mnuImportText_Click();
     void RunReport(void (*report)(Program&, int), int code);
     // Filters.
     void mPrCut_Click();
