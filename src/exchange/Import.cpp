@@ -1,10 +1,9 @@
 #include "exchange/Import.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
-#include <set>
-#include <sstream>
+#include <cstdio>
+#include <unordered_set>
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Files.h"
@@ -22,11 +21,15 @@ namespace {
 
 std::string ReadBytes(const std::string& path) {
     if (!FileExists(path)) Raise(errFileNotFound);
-    std::ifstream in(path, std::ios::binary);
-    if (!in) Raise(errPathFileAccess);
-    std::ostringstream all;
-    all << in.rdbuf();
-    return std::move(all).str();
+    std::FILE* f = std::fopen(path.c_str(), "rb");
+    if (!f) Raise(errPathFileAccess);
+    std::string data;
+    char chunk[1 << 16];
+    for (std::size_t n; (n = std::fread(chunk, 1, sizeof chunk, f)) > 0;) data.append(chunk, n);
+    const bool failed = std::ferror(f) != 0;
+    std::fclose(f);
+    if (failed) Raise(errDeviceIO);
+    return data;
 }
 
 bool IsLineEndChar(char c) { return c == '\r' || c == '\n'; }
@@ -42,9 +45,19 @@ long LineEndsBetween(const std::string& text, std::size_t from, std::size_t to) 
 }
 
 // The same person in the file and the import: names and address as the card keeps them.
-std::string PersonKey(const std::string& fname, const std::string& lname, const std::string& address) {
-    return UCase(Trim(fname)) + '\t' + UCase(Trim(lname)) + '\t' + UCase(Trim(CleanAddress(Trim(address))));
+// The address is cleaned only for names that meet, which few do.
+std::string NameKey(const std::string& fname, const std::string& lname) {
+    return UCase(Trim(fname)) + '\t' + UCase(Trim(lname));
 }
+std::string AddressKey(const std::string& address) { return UCase(Trim(CleanAddress(Trim(address)))); }
+
+// The nine columns' places in the record.
+constexpr const RecordLayout::Field* Columns[ImportColumns] = {
+    &RecordLayout::Named("RNum"),  &RecordLayout::Named("FName"), &RecordLayout::Named("LName"),
+    &RecordLayout::Named("Address"), &RecordLayout::Named("City"), &RecordLayout::Named("State"),
+    &RecordLayout::Named("Zip"),   &RecordLayout::Named("Phone"), &RecordLayout::Named("Email")};
+
+std::string Column(const ImportFields& f, int i) { return Fixed(f[static_cast<std::size_t>(i)], Columns[i]->width); }
 
 std::string Line(long n) { return "Line " + CStr(n) + ": "; }
 
@@ -124,8 +137,12 @@ long ImportRoom(const ProgramState& p) { return std::max(0L, MaxRecords - p.Reco
 
 std::vector<ImportWarning> CheckImport(ProgramState& p, const ImportFile& file) {
     std::vector<ImportWarning> out;
-    // What the crusade holds: the numbers and the people of its live records.
-    std::set<std::string> numbers, persons;
+    std::unordered_set<std::string> importNames;
+    for (const ImportPerson& person : file.people)
+        importNames.insert(NameKey(Column(person.fields, 1), Column(person.fields, 2)));
+    // What the crusade holds: the numbers of its live records, and the addresses of
+    // those who bear an imported name.
+    std::unordered_set<std::string> numbers, persons;
     if (p.File1.IsOpen()) {
         constexpr long chunk = 512;
         std::vector<char> buf(static_cast<std::size_t>(chunk) * MasterRecord::Length);
@@ -135,12 +152,13 @@ std::vector<ImportWarning> CheckImport(ProgramState& p, const ImportFile& file) 
                 RecordView v{buf.data() + i * MasterRecord::Length};
                 if (!v.Live()) continue;
                 numbers.insert(UCase(Trim(std::string(v.Text(RecordAt::RNum, 4)))));
-                persons.insert(PersonKey(std::string(v.Text(RecordAt::FName, 20)), std::string(v.Text(RecordAt::LName, 20)),
-                                         std::string(v.Text(RecordAt::Address, 30))));
+                std::string names = NameKey(std::string(v.Text(RecordAt::FName, 20)), std::string(v.Text(RecordAt::LName, 20)));
+                if (importNames.count(names))
+                    persons.insert(names + '\t' + AddressKey(std::string(v.Text(RecordAt::Address, 30))));
             }
         }
     }
-    std::set<std::string> seenNumbers;
+    std::unordered_set<std::string> seenNumbers;
     const long room = ImportRoom(p);
     for (std::size_t i = 0; i < file.people.size(); ++i) {
         const ImportPerson& person = file.people[i];
@@ -151,21 +169,23 @@ std::vector<ImportWarning> CheckImport(ProgramState& p, const ImportFile& file) 
                                             " after it will not be imported."});
             break;
         }
-        const MasterRecord r = ImportedRecord(person.fields);
-        const std::string& num = r.RNum.str();
-        const std::string key = UCase(Trim(num));
+        const std::string num = Trim(Column(person.fields, 0));
+        const std::string key = UCase(num);
         if (person.shortRow)
             out.push_back({person.line, Line(person.line) + "fewer than 9 columns: the rest of this person is taken from the next line."});
         if (person.longRow)
             out.push_back({person.line, Line(person.line) + "more than 9 columns: the extra ones start the next person."});
         if (!key.empty() && numbers.count(key))
-            out.push_back({person.line, Line(person.line) + "number " + Trim(num) + " is already in the crusade."});
-        else if (!key.empty() && seenNumbers.count(key))
-            out.push_back({person.line, Line(person.line) + "number " + Trim(num) + " is used twice in this file."});
-        seenNumbers.insert(key);
-        if (persons.count(PersonKey(r.FName, r.LName, r.Address)))
-            out.push_back({person.line, Line(person.line) + Trim(r.FName) + " " + Trim(r.LName) +
-                                            " is already in the crusade at " + Trim(r.Address) + "."});
+            out.push_back({person.line, Line(person.line) + "number " + num + " is already in the crusade."});
+        else if (!key.empty() && !seenNumbers.insert(key).second)
+            out.push_back({person.line, Line(person.line) + "number " + num + " is used twice in this file."});
+        if (!persons.empty()) {
+            const std::string fname = Column(person.fields, 1), lname = Column(person.fields, 2),
+                              address = Column(person.fields, 3);
+            if (persons.count(NameKey(fname, lname) + '\t' + AddressKey(address)))
+                out.push_back({person.line, Line(person.line) + Trim(fname) + " " + Trim(lname) +
+                                                " is already in the crusade at " + Trim(address) + "."});
+        }
     }
     if (file.partialLine > 0)
         out.push_back({file.partialLine, Line(file.partialLine) + "the file ends in the middle of a person (" +
@@ -180,21 +200,29 @@ long AppendImport(ProgramState& p, const ImportFile& file) {
     const long n = std::min(ImportRoom(p), static_cast<long>(file.people.size()));
     if (n == 0) return 0;
     host::BusyPointer busy(p.host);
+    // Every record starts as the fixed values and takes its nine columns, cut to their widths.
+    static const RecordBytes blank = EncodeRecord(ImportedRecord({}));
     std::vector<char> buf(static_cast<std::size_t>(n) * MasterRecord::Length);
-    std::vector<MasterRecord> records;
-    records.reserve(static_cast<std::size_t>(n));
     for (long i = 0; i < n; ++i) {
-        records.push_back(ImportedRecord(file.people[static_cast<std::size_t>(i)].fields));
-        const RecordBytes b = EncodeRecord(records.back());
-        std::copy(b.begin(), b.end(), buf.begin() + i * MasterRecord::Length);
+        char* rec = buf.data() + i * MasterRecord::Length;
+        std::copy(blank.begin(), blank.end(), rec);
+        const ImportFields& f = file.people[static_cast<std::size_t>(i)].fields;
+        for (int k = 0; k < ImportColumns; ++k) {
+            const std::string& v = f[static_cast<std::size_t>(k)];
+            std::copy_n(v.data(), std::min(v.size(), Columns[k]->width), rec + Columns[k]->offset);
+        }
     }
     const long first = p.RecordCount + 1;
     p.File1.PutRange(first, n, buf.data());   // all or nothing: a failed write puts the length back
     p.RecordCount += n;
     if (p.SortName == "alpha") {
         p.SortIndex.resize(static_cast<std::size_t>(p.IndexCount) + 1);
+        p.SortIndex.reserve(p.SortIndex.size() + static_cast<std::size_t>(n));
         for (long i = 0; i < n; ++i) {
-            p.MasterRec = records[static_cast<std::size_t>(i)];
+            const ImportFields& f = file.people[static_cast<std::size_t>(i)].fields;
+            p.MasterRec.RNum = f[0];
+            p.MasterRec.FName = f[1];
+            p.MasterRec.LName = f[2];
             p.SortIndex.push_back(AlphaEntry(p, first + i));
         }
         p.IndexCount += static_cast<int>(n);
