@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <cstdint>
 #include <cstdio>
+#include <string_view>
 #include <unordered_set>
 
 #include "platform/vb/Error.h"
@@ -49,6 +51,33 @@ long LineEndsBetween(const std::string& text, std::size_t from, std::size_t to) 
 std::string NameKey(const std::string& fname, const std::string& lname) {
     return UCase(Trim(fname)) + '\t' + UCase(Trim(lname));
 }
+
+std::string_view Cut(std::string_view s, std::size_t width) {
+    s = s.substr(0, width);
+    while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
+    while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
+    return s;
+}
+
+// The names of NameKey as a number, made without a string: equal names give equal
+// numbers, and the rare other pair that does is told apart by the address key.
+std::uint64_t NameHash(std::string_view fname, std::string_view lname) {
+    std::uint64_t h = 1469598103934665603ull;
+    auto add = [&h](std::string_view s) {
+        for (char c : s) h = (h ^ static_cast<unsigned char>(UCaseChar(c))) * 1099511628211ull;
+        h = (h ^ '\t') * 1099511628211ull;
+    };
+    add(Cut(fname, 20));
+    add(Cut(lname, 20));
+    return h;
+}
+
+// A registration number, trimmed and in capitals, packed in one integer.
+std::uint32_t NumberKey(std::string_view rnum) {
+    std::uint32_t k = 0;
+    for (char c : Cut(rnum, 4)) k = k << 8 | static_cast<unsigned char>(UCaseChar(c));
+    return k;
+}
 std::string AddressKey(const std::string& address) { return UCase(Trim(CleanAddress(Trim(address)))); }
 
 // The nine columns' places in the record.
@@ -70,6 +99,7 @@ ImportFile ReadImportFile(const std::string& path) {
     out.kind = t.kind;
     out.nulsDropped = t.nulsDropped;
     const std::string text = t.text;
+    out.people.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
     TextReader in;
     in.OpenText(std::move(t.text));
     long line = 1;
@@ -137,12 +167,13 @@ long ImportRoom(const ProgramState& p) { return std::max(0L, MaxRecords - p.Reco
 
 std::vector<ImportWarning> CheckImport(ProgramState& p, const ImportFile& file) {
     std::vector<ImportWarning> out;
-    std::unordered_set<std::string> importNames;
-    for (const ImportPerson& person : file.people)
-        importNames.insert(NameKey(Column(person.fields, 1), Column(person.fields, 2)));
+    std::unordered_set<std::uint64_t> importNames;
+    importNames.reserve(file.people.size());
+    for (const ImportPerson& person : file.people) importNames.insert(NameHash(person.fields[1], person.fields[2]));
     // What the crusade holds: the numbers of its live records, and the addresses of
     // those who bear an imported name.
-    std::unordered_set<std::string> numbers, persons;
+    std::vector<std::uint32_t> numbers;
+    std::unordered_set<std::string> persons;
     if (p.File1.IsOpen()) {
         constexpr long chunk = 512;
         std::vector<char> buf(static_cast<std::size_t>(chunk) * MasterRecord::Length);
@@ -151,14 +182,16 @@ std::vector<ImportWarning> CheckImport(ProgramState& p, const ImportFile& file) 
             for (long i = 0; i < got; ++i) {
                 RecordView v{buf.data() + i * MasterRecord::Length};
                 if (!v.Live()) continue;
-                numbers.insert(UCase(Trim(std::string(v.Text(RecordAt::RNum, 4)))));
-                std::string names = NameKey(std::string(v.Text(RecordAt::FName, 20)), std::string(v.Text(RecordAt::LName, 20)));
-                if (importNames.count(names))
-                    persons.insert(names + '\t' + AddressKey(std::string(v.Text(RecordAt::Address, 30))));
+                numbers.push_back(NumberKey(v.Text(RecordAt::RNum, 4)));
+                if (importNames.count(NameHash(v.Text(RecordAt::FName, 20), v.Text(RecordAt::LName, 20))))
+                    persons.insert(NameKey(std::string(v.Text(RecordAt::FName, 20)), std::string(v.Text(RecordAt::LName, 20))) +
+                                   '\t' + AddressKey(std::string(v.Text(RecordAt::Address, 30))));
             }
         }
     }
-    std::unordered_set<std::string> seenNumbers;
+    std::sort(numbers.begin(), numbers.end());
+    std::unordered_set<std::uint32_t> seenNumbers;
+    seenNumbers.reserve(file.people.size());
     const long room = ImportRoom(p);
     for (std::size_t i = 0; i < file.people.size(); ++i) {
         const ImportPerson& person = file.people[i];
@@ -169,16 +202,16 @@ std::vector<ImportWarning> CheckImport(ProgramState& p, const ImportFile& file) 
                                             " after it will not be imported."});
             break;
         }
-        const std::string num = Trim(Column(person.fields, 0));
-        const std::string key = UCase(num);
+        const std::string_view num = Cut(person.fields[0], 4);
+        const std::uint32_t key = NumberKey(num);
         if (person.shortRow)
             out.push_back({person.line, Line(person.line) + "fewer than 9 columns: the rest of this person is taken from the next line."});
         if (person.longRow)
             out.push_back({person.line, Line(person.line) + "more than 9 columns: the extra ones start the next person."});
-        if (!key.empty() && numbers.count(key))
-            out.push_back({person.line, Line(person.line) + "number " + num + " is already in the crusade."});
-        else if (!key.empty() && !seenNumbers.insert(key).second)
-            out.push_back({person.line, Line(person.line) + "number " + num + " is used twice in this file."});
+        if (key != 0 && std::binary_search(numbers.begin(), numbers.end(), key))
+            out.push_back({person.line, Line(person.line) + "number " + std::string(num) + " is already in the crusade."});
+        else if (key != 0 && !seenNumbers.insert(key).second)
+            out.push_back({person.line, Line(person.line) + "number " + std::string(num) + " is used twice in this file."});
         if (!persons.empty()) {
             const std::string fname = Column(person.fields, 1), lname = Column(person.fields, 2),
                               address = Column(person.fields, 3);
