@@ -114,6 +114,7 @@ TEST(Import, BadInputIsReadAsFarAsItGoes) {
     } cases[] = {
         {"empty", "", 0, 0, "", TextKind::Ansi},
         {"ends mid-person", "1,Ann" + tail + "2,Bo,Lee\r\n", 1, 2, "Ann", TextKind::Ansi},
+        {"ends mid-person after a comma", "1,Ann" + tail + "2,Bo,Lee,1 Main,Dover,DE,19901,\r\n", 1, 2, "Ann", TextKind::Ansi},
         {"NUL byte", std::string("1,A\0nn", 6) + tail, 1, 0, "Ann", TextKind::Ansi},
         {"UTF-8 with mark", "\xEF\xBB\xBF" "1,Zo\xC3\xAB" + tail, 1, 0, "Zo\xEB", TextKind::Utf8},
         {"UTF-16", utf16("1,Zo~" + tail), 1, 0, "Zo\xEB", TextKind::Utf16},
@@ -155,6 +156,10 @@ TEST(Import, MenuWritesOnlyWhatThePreviewOffered) {
          "The file ends in the middle of the person on line 2.\r\n1 person was imported; that last person was not.",
          "Line 2: the file ends in the middle of a person (3 of 9 columns): that person is not imported."},
         {"empty", "", true, 2, "", ""},
+        {"long row, then ends mid-person", person + "0303,Ed,Brown,7 Pine Rd,Dover,DE,19901,555-0106,ed@example.org,extra\r\n"
+         "0304,Flo,Burke,3 Birch Ln,Dover,DE,19901\r\n9798,Lisa,Adams,16 Walnut Ave,Dover,TN,37405,555-0159,\r\n", true, 5,
+         "The file ends in the middle of the person on line 4.\r\n3 people were imported; that last person was not.",
+         "Line 4: the file ends in the middle of a person (7 of 9 columns): that person is not imported."},
         {"cancelled", person, false, 2, "", ""},
         {"numbers clash", person + person, true, 4, "", "Line 2: number 0301 is used twice in this file."},
     };
