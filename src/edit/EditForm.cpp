@@ -22,8 +22,8 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     // Work that is not part of the program yet stays disabled.
     for (Control* c : std::initializer_list<Control*>{
              &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
-             &btnExcel, &btnPrayer, &mnuBackup,
-             &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
+             &btnExcel, &btnPrayer, &mnuBackup, &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance,
+             &mnuExportToAccess,
              &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
              &mnuEditTeamNames, &mnuDeleteRecord,
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
@@ -34,7 +34,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
              &mnuPreCrusade, &mnuPrMarked, &mnuAllAlpha, &mnuAlphaCutOffFilter, &mnuTeamfilters,
              &mnuSpecialAttend, &mnuAdvFilter, &mnuAgeFilter, &mnuBaptisms, &mnuBapDate, &mnuDecisionsFilter,
              &mnuAddressFilter, &mnuIntLevel, &mnuMailList, &mnuNeedInterview, &mnuNotes, &munPre, &mnuReligion,
-             &mnuZips, &mnuMarked, &mnuUpdate}) {
+             &mnuZips, &mnuMarked}) {
         notBuilt_.insert(c);
         c->SetEnabled(false);
     }
@@ -96,6 +96,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WireFilters();
     WireStats();
     WireFileCare();
+    WireExchange();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

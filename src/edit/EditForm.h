@@ -194,6 +194,9 @@ public:
     void FixFiles(bool clearFlag);
     void mnuErase_Click();
     void mnuUndoFileOp_Click();
+    // The import of a comma-separated file and the update check (EditFormImport.cpp).
+    void WireExchange();
+    void mnuImportText_Click();
     void RunReport(void (*report)(Program&, int), int code);
     // Registration lists and tickets, and the label test sheet.
     void mnuIntMem_Click();

@@ -1,6 +1,12 @@
 #include "support/ScriptedHost.h"
 
 #include <gtest/gtest.h>
+#include <netdb.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <chrono>
 
 #include "platform/forms/Form.h"
 
@@ -156,4 +162,50 @@ std::vector<std::pair<std::string, std::string>> ScriptedHost::GetAllSettings(co
 
 void ScriptedHost::DeleteSetting(const std::string& app, const std::string& section, const std::string& key) {
     settings.erase(Key(app, section, key));
+}
+
+std::optional<std::string> ScriptedHost::HttpGet(const std::string& url) {
+    fetched.push_back(url);
+    const std::string scheme = "http://";
+    if (url.compare(0, scheme.size(), scheme) != 0) return std::nullopt;
+    const std::size_t slash = url.find('/', scheme.size());
+    const std::string authority = url.substr(scheme.size(), slash - scheme.size());
+    const std::string path = slash == std::string::npos ? "/" : url.substr(slash);
+    const std::size_t colon = authority.rfind(':');
+    const std::string hostName = authority.substr(0, colon);
+    const std::string port = colon == std::string::npos ? "80" : authority.substr(colon + 1);
+    addrinfo hints{};
+    hints.ai_family = AF_UNSPEC;
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo* found = nullptr;
+    if (::getaddrinfo(hostName.c_str(), port.c_str(), &hints, &found) != 0) return std::nullopt;
+    const int fd = ::socket(found->ai_family, found->ai_socktype, found->ai_protocol);
+    const bool connected = fd >= 0 && ::connect(fd, found->ai_addr, found->ai_addrlen) == 0;
+    ::freeaddrinfo(found);
+    if (!connected) {
+        if (fd >= 0) ::close(fd);
+        return std::nullopt;
+    }
+    const std::string request = "GET " + path + " HTTP/1.0\r\nHost: " + authority + "\r\n\r\n";
+    std::string reply;
+    bool whole = ::send(fd, request.data(), request.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(request.size());
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(webTimeoutMs);
+    while (whole) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+        pollfd pfd{fd, POLLIN, 0};
+        if (left.count() <= 0 || ::poll(&pfd, 1, static_cast<int>(left.count())) <= 0) {
+            whole = false;   // no answer in time
+            break;
+        }
+        char buf[4096];
+        const ssize_t n = ::recv(fd, buf, sizeof buf, 0);
+        if (n < 0) whole = false;
+        if (n <= 0) break;
+        reply.append(buf, static_cast<std::size_t>(n));
+    }
+    ::close(fd);
+    const std::size_t head = reply.find("\r\n\r\n");
+    if (!whole || head == std::string::npos || (reply.compare(0, 12, "HTTP/1.0 200") != 0 && reply.compare(0, 12, "HTTP/1.1 200") != 0))
+        return std::nullopt;
+    return reply.substr(head + 4);
 }

@@ -42,6 +42,10 @@ public:
     int openResult = 33;
     std::map<std::string, std::string> settings;   // "app/section/key"
     int busyDepth = 0;
+    // The web: a plain GET of an http:// URL (a loopback server the test runs),
+    // given up after webTimeoutMs; every URL asked for is kept.
+    std::vector<std::string> fetched;
+    int webTimeoutMs = 2000;
 
     int MsgBox(const std::string& prompt, int buttons, const std::string& title) override;
     std::string InputBox(const std::string& prompt, const std::string& title, const std::string& def) override;
@@ -54,6 +58,7 @@ public:
     void SetBusy(bool busy) override;
     void PlayWave(const std::string& path) override { sounds.push_back(path); }
     int OpenDocument(const std::string& path) override;
+    std::optional<std::string> HttpGet(const std::string& url) override;
     void ShowHelp(const std::string& file, int command, int context) override;
     std::string GetSetting(const std::string& app, const std::string& section, const std::string& key,
                            const std::string& def) override;

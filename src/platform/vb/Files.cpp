@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/vb/Error.h"
 #include "platform/vb/Strings.h"
@@ -170,6 +171,13 @@ TextReader::~TextReader() { Close(); }
 void TextReader::Open(const std::string& path) {
     if (open_) Raise(errFileAlreadyOpen);
     data_ = ReadWhole(path);
+    pos_ = 0;
+    open_ = true;
+}
+
+void TextReader::OpenText(std::string text) {
+    if (open_) Raise(errFileAlreadyOpen);
+    data_ = std::move(text);
     pos_ = 0;
     open_ = true;
 }

@@ -20,6 +20,8 @@ public:
     TextReader(const TextReader&) = delete;
     TextReader& operator=(const TextReader&) = delete;
     void Open(const std::string& path);   // 53 when missing
+    // Reads text already in memory (a file converted to Windows-1252 first).
+    void OpenText(std::string text);
     void Close();
     bool IsOpen() const { return open_; }
     bool Eof() const;                     // nothing but an optional final line end left
@@ -31,6 +33,8 @@ public:
     // "True"/"#TRUE#" or a non-zero number; 13 otherwise (the field is used up all the same)
     bool InputBool();
     std::string LineInput();              // whole line without its end
+    // Bytes read so far: where the next field starts.
+    std::size_t Position() const { return pos_; }
 private:
     std::string Field(bool quoteCrossesLines);
     std::string data_;
