@@ -179,6 +179,11 @@ public:
     // The printed reports of the Print Reports menu.
     void WireReports();
     void RunReport(void (*report)(Program&, int), int code);
+    // The exports.
+    void WireExports();
+    void mnuMailMerge_Click();
+    void mnuExpMap_Click();
+    void mnuExportText_Click();
     // Filters.
     void mPrCut_Click();
     void mnuAlphaCutOffFilter_Click();
