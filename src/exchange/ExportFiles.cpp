@@ -94,41 +94,45 @@ void WalkList(ProgramState& p, F f) {
     }
 }
 
-// Registration lists: number 4, last name 15, first name 15, as a member line.
-std::string NameEntry(Rec r) {
-    return vb::Fixed(std::string(FIELD(RNum, 4)), 4) + vb::Fixed(std::string(Trimmed(FIELD(LName, 20))), 15) +
-           vb::Fixed(std::string(Trimmed(FIELD(FName, 20))), 15);
-}
+// Registration lists: entries of number 4, last name 15, first name 15, as
+// member lines are, laid end to end.
+constexpr std::size_t EntryLength = 34;
 
-std::vector<std::string> MemberEntries(const ProgramState& p) {
-    std::vector<std::string> v;
+struct NameEntries {
+    std::string buf;
+    int Count() const { return static_cast<int>(buf.size() / EntryLength); }
+    std::string_view At(int i) const { return {buf.data() + static_cast<std::size_t>(i) * EntryLength, EntryLength}; }
+    void Padded(std::string_view v, std::size_t width) {
+        v = v.substr(0, std::min(v.size(), width));
+        buf.append(v);
+        buf.append(width - v.size(), ' ');
+    }
+};
+
+void AddMembers(const ProgramState& p, NameEntries& e) {
     const int n = std::min<int>(p.MemberCount, static_cast<int>(p.MemberList.size()) - 1);
-    for (int i = 1; i <= n; ++i) v.push_back(vb::Fixed(p.MemberList[static_cast<std::size_t>(i)], 34));
-    return v;
+    for (int i = 1; i <= n; ++i) e.Padded(p.MemberList[static_cast<std::size_t>(i)], EntryLength);
 }
 
-void AddRecordEntries(ProgramState& p, std::vector<std::string>& v) {
+void AddRecords(ProgramState& p, NameEntries& e) {
     lists::RecordFile file(p);
-    file.ForEach([&v](Rec r, long) {
-        if (r.Live()) v.push_back(NameEntry(r));
+    e.buf.reserve(e.buf.size() + static_cast<std::size_t>(file.Count()) * EntryLength);
+    file.ForEach([&e](Rec r, long) {
+        if (!r.Live()) return;
+        e.Padded(FIELD(RNum, 4), 4);
+        e.Padded(Trimmed(FIELD(LName, 20)), 15);
+        e.Padded(Trimmed(FIELD(FName, 20)), 15);
     });
 }
 
-// Sorted as the list sort does it: by the name, characters 5 to 34.
-void SortByName(std::vector<std::string>& v) {
-    std::string keys;
-    keys.reserve(v.size() * 30);
-    for (const std::string& e : v) keys.append(e, 4, 30);
-    const std::vector<int> order = CombSortOrder(keys.data(), 30, 30, static_cast<int>(v.size()), false);
-    std::vector<std::string> sorted;
-    sorted.reserve(v.size());
-    for (int k : order) sorted.push_back(std::move(v[static_cast<std::size_t>(k)]));
-    v.swap(sorted);
+// The order the list sort gives them: by the name, characters 5 to 34.
+std::vector<int> ByName(const NameEntries& e) {
+    return e.Count() ? CombSortOrder(e.buf.data() + 4, EntryLength, 30, e.Count(), false) : std::vector<int>();
 }
 
-std::string_view Number(const std::string& e) { return std::string_view(e).substr(0, 4); }
-std::string_view LastName(const std::string& e) { return std::string_view(e).substr(4, 15); }
-std::string_view FirstName(const std::string& e) { return std::string_view(e).substr(19, 15); }
+std::string_view Number(std::string_view e) { return e.substr(0, 4); }
+std::string_view LastName(std::string_view e) { return e.substr(4, 15); }
+std::string_view FirstName(std::string_view e) { return e.substr(19, 15); }
 
 }  // namespace
 
@@ -240,12 +244,13 @@ std::string TextFileText(ProgramState& p) {
 std::string NameAndNumberText(ProgramState& p) {
     // Built aside: the entries point at no record, so the list on screen stays
     // as it was rather than become a list the edit screen cannot walk.
-    std::vector<std::string> v;
-    AddRecordEntries(p, v);
-    for (std::string& m : MemberEntries(p)) v.push_back(std::move(m));
-    SortByName(v);
+    NameEntries v;
+    AddRecords(p, v);
+    AddMembers(p, v);
     std::string out = "Reg Number\tFName\tLName\r\n";
-    for (const std::string& e : v) {
+    out.reserve(out.size() + v.buf.size() + static_cast<std::size_t>(v.Count()) * 4);
+    for (int k : ByName(v)) {
+        const std::string_view e = v.At(k);
         TabField(out, Number(e)), out += '\t';
         TabField(out, FirstName(e)), out += '\t';
         TabField(out, LastName(e)), out += CrLf;
@@ -254,21 +259,21 @@ std::string NameAndNumberText(ProgramState& p) {
 }
 
 std::string DuplicateNamesText(ProgramState& p) {
-    std::vector<std::string> v = MemberEntries(p);
-    AddRecordEntries(p, v);
-    SortByName(v);
+    NameEntries v;
+    AddMembers(p, v);
+    AddRecords(p, v);
+    const std::vector<int> order = ByName(v);
     // Neighbours are compared by the whole name, last and first: the first
     // name alone (the last 15 characters) would pair "Anna Smith" with the
     // "Anna Smyth" sorted next to her, who is somebody else.
-    auto same = [&v](std::size_t a, std::size_t b) {
-        return std::string_view(v[a]).substr(4) == std::string_view(v[b]).substr(4);
-    };
+    auto same = [&](std::size_t a, std::size_t b) { return v.At(order[a]).substr(4) == v.At(order[b]).substr(4); };
     std::string out = "FName\tLName\tReg Number\r\n";
-    for (std::size_t i = 0; i < v.size(); ++i) {
-        if (!((i > 0 && same(i - 1, i)) || (i + 1 < v.size() && same(i, i + 1)))) continue;
-        TabField(out, FirstName(v[i])), out += '\t';
-        TabField(out, LastName(v[i])), out += '\t';
-        TabField(out, Number(v[i])), out += CrLf;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        if (!((i > 0 && same(i - 1, i)) || (i + 1 < order.size() && same(i, i + 1)))) continue;
+        const std::string_view e = v.At(order[i]);
+        TabField(out, FirstName(e)), out += '\t';
+        TabField(out, LastName(e)), out += '\t';
+        TabField(out, Number(e)), out += CrLf;
     }
     return out;
 }
