@@ -205,6 +205,11 @@ public:
     void mnuLabelTestSheet_Click();
     void PrintRegistration(RegistrationKind kind);
     void WireRegistration();
+    // The exports.
+    void WireExports();
+    void mnuMailMerge_Click();
+    void mnuExpMap_Click();
+    void mnuExportText_Click();
     // Filters.
     void mPrCut_Click();
     void mnuAlphaCutOffFilter_Click();
