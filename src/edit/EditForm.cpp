@@ -24,8 +24,8 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
              &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
              &btnExcel, &btnStats, &btnPrayer, &mnuBackup,
              &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
-             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
-             &mnuEditTeamNames, &mnuDeleteRecord,
+             &mnuCompact, &mnuFixFile, &mnuCompare, &mnuMembers, &mnuZipCodes,
+             &mnuDeleteRecord,
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
@@ -93,6 +93,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
 
     // Filters.
     WireFilters();
+    WirePrefs();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

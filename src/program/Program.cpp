@@ -9,6 +9,7 @@
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
 #include "tables/AppointmentFm.h"
+#include "tables/frmTab.h"
 
 Program::Program(host::Host& h, std::string appPath) : ReportRun(h, std::move(appPath)) {}
 
@@ -83,4 +84,9 @@ SelDecFm& Program::SelDec() {
 frmFilters& Program::Filters() {
     if (!filters_) filters_ = std::make_unique<frmFilters>(*this);
     return *filters_;
+}
+
+frmTab& Program::Prefs() {
+    if (!prefs_) prefs_ = std::make_unique<frmTab>(*this);
+    return *prefs_;
 }

@@ -14,6 +14,7 @@ class AppointmentFm;
 class PrintReports;
 class SelDecFm;
 class frmFilters;
+class frmTab;
 
 struct Program : ReportRun {
     Program(host::Host& host, std::string appPath);
@@ -34,6 +35,7 @@ struct Program : ReportRun {
     bool ReportsLoaded() const override;
     SelDecFm& SelDec() override;
     frmFilters& Filters() override;
+    frmTab& Prefs();
 
     // What the report screen asks of the edit screen.
     void ShowAllOnEdit() override;
@@ -54,4 +56,5 @@ private:
     std::unique_ptr<PrintReports> reports_;
     std::unique_ptr<SelDecFm> selDec_;
     std::unique_ptr<frmFilters> filters_;
+    std::unique_ptr<frmTab> prefs_;
 };
