@@ -51,14 +51,16 @@ void frmTab::Layout() {
 
     // Teams: two frames of twenty, the number, the name and the phone.
     for (int f = 0; f < 2; ++f) {
-        Place(lblTeam[2 * f], 40, 16, 150, 16, &fraTab[f]);
+        Place(lblTeam[2 * f], 42, 20, 150, 16, &fraTab[f]);
         lblTeam[2 * f].SetCaption("Name");
-        Place(lblTeam[2 * f + 1], 205, 16, 110, 16, &fraTab[f]);
+        Place(lblTeam[2 * f + 1], 207, 20, 110, 16, &fraTab[f]);
         lblTeam[2 * f + 1].SetCaption("Phone");
+        lblTeam[2 * f].SetVisible(true);
+        lblTeam[2 * f + 1].SetVisible(true);
     }
     for (int i = 1; i <= 40; ++i) {
         Control& frame = fraTab[i <= 20 ? FrameTeams1 : FrameTeams2];
-        const int y = 36 + ((i - 1) % 20) * 21;
+        const int y = 40 + ((i - 1) % 20) * 20;
         Label& n = lblTeamNumber.Load(i);
         Place(n, 6, y + 2, 30, 17, &frame);
         n.SetCaption(CStr(i));
