@@ -153,6 +153,14 @@ TEST_F(Prefs, SavedValuesReachTheFileAndTheScreens) {
         f.Team[5].SetText("Ortiz");
         f.TmPhone[5].SetText("555-0101");
         f.Team[6].SetText("");
+        // The team list prints what the boxes hold.
+        f.tabPref.SetSelectedTab(frmTab::TabTeams);
+        c.host.ExpectPrinter([](host::PrinterDialog&) { return true; });
+        f.btnPrintTeams.UserClick();
+        std::string printed;
+        for (const auto* op : c.host.printer.TextOps()) printed += op->text + "|";
+        EXPECT_NE(std::string::npos, printed.find("Fall Vistiation Teams|Team #|Name|Phone|1|Team #  1||"));
+        EXPECT_NE(std::string::npos, printed.find("|5|Ortiz|555-0101|6|||7|"));
         f.prefReligion[3].SetText("Catholic Church");
         f.ResDirMM[0].UserClick();
         f.ckSoundOff.UserClick();
