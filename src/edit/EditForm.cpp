@@ -23,9 +23,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     for (Control* c : std::initializer_list<Control*>{
              &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
              &btnExcel, &btnPrayer, &mnuBackup, &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance,
-             &mnuExportToAccess,
-             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
-             &mnuEditTeamNames, &mnuDeleteRecord,
+             &mnuExportToAccess, &mnuCompact, &mnuFixFile, &mnuCompare, &mnuMembers, &mnuZipCodes, &mnuDeleteRecord,
              &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
@@ -98,6 +96,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WireFileCare();
     WireExchange();
     WireExports();
+    WirePrefs();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

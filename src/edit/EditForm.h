@@ -527,6 +527,9 @@ private:
     std::set<const forms::Control*> notBuilt_;
     // Filters.
     void WireFilters();
+    // Preferences.
+    void WirePrefs();
+    void OpenPreferences(bool teamsFirst);
     int ShowAllPlace[4] = {};   // ShowAll's place on the bar; a filter moves it where the search box was
 };
 

@@ -11,6 +11,7 @@
 #include "attend/AttendFieldUpdate.h"
 #include "tables/AppointmentFm.h"
 #include "tables/FamilyMem.h"
+#include "tables/frmTab.h"
 
 Program::Program(host::Host& h, std::string appPath) : ReportRun(h, std::move(appPath)) {}
 
@@ -96,4 +97,9 @@ std::vector<std::string> Program::SelectMailList(int group) {
     FamilyMem form(*this);
     form.ShowAt(group);
     return {form.FamilyList.begin() + 1, form.FamilyList.end()};
+}
+
+frmTab& Program::Prefs() {
+    if (!prefs_) prefs_ = std::make_unique<frmTab>(*this);
+    return *prefs_;
 }

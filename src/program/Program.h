@@ -15,6 +15,7 @@ class PrintReports;
 class SelDecFm;
 class frmFilters;
 class BlankFrm;
+class frmTab;
 
 struct Program : ReportRun {
     Program(host::Host& host, std::string appPath);
@@ -36,6 +37,7 @@ struct Program : ReportRun {
     BlankFrm& Blank() override;
     SelDecFm& SelDec() override;
     frmFilters& Filters() override;
+    frmTab& Prefs();
 
     // What the report screen asks of the edit screen.
     void ShowAllOnEdit() override;
@@ -58,4 +60,5 @@ private:
     std::unique_ptr<SelDecFm> selDec_;
     std::unique_ptr<frmFilters> filters_;
     std::unique_ptr<BlankFrm> blank_;
+    std::unique_ptr<frmTab> prefs_;
 };
