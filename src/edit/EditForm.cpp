@@ -21,12 +21,12 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     Wire();
     // Work that is not part of the program yet stays disabled.
     for (Control* c : std::initializer_list<Control*>{
-             &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
+             &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
              &btnExcel, &btnStats, &btnPrayer, &mnuBackup,
              &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuImportText, &mnuExportToAccess,
-             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare, &mnuMembers, &mnuZipCodes,
+             &mnuCompact, &mnuFixFile, &mnuPref, &mnuCompare,
              &mnuEditTeamNames, &mnuDeleteRecord,
-             &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
+             &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
              &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mnuStats, &mnuWkrStats, &mPrCut,
@@ -93,6 +93,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
 
     // Filters.
     WireFilters();
+    WireZipMembers();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

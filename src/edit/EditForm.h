@@ -494,6 +494,9 @@ private:
     std::set<const forms::Control*> notBuilt_;
     // Filters.
     void WireFilters();
+    // The side tables: zip codes and teams, team counts, SDA members.
+    void WireZipMembers();
+    void OpenZipTable(bool refuseEmpty);
     int ShowAllPlace[4] = {};   // ShowAll's place on the bar; a filter moves it where the search box was
 };
 

@@ -9,6 +9,9 @@
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
 #include "tables/AppointmentFm.h"
+#include "tables/EditZip.h"
+#include "tables/MembersFm.h"
+#include "tables/ZipCnt.h"
 
 Program::Program(host::Host& h, std::string appPath) : ReportRun(h, std::move(appPath)) {}
 
@@ -83,4 +86,19 @@ SelDecFm& Program::SelDec() {
 frmFilters& Program::Filters() {
     if (!filters_) filters_ = std::make_unique<frmFilters>(*this);
     return *filters_;
+}
+
+EditZip& Program::Zips() {
+    if (!zips_) zips_ = std::make_unique<EditZip>(*this);
+    return *zips_;
+}
+
+ZipCnt& Program::Workers() {
+    if (!workers_) workers_ = std::make_unique<ZipCnt>(*this);
+    return *workers_;
+}
+
+Members& Program::MemberEditor() {
+    if (!members_) members_ = std::make_unique<Members>(*this);
+    return *members_;
 }

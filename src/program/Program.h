@@ -14,6 +14,9 @@ class AppointmentFm;
 class PrintReports;
 class SelDecFm;
 class frmFilters;
+class EditZip;
+class ZipCnt;
+class Members;
 
 struct Program : ReportRun {
     Program(host::Host& host, std::string appPath);
@@ -34,6 +37,10 @@ struct Program : ReportRun {
     bool ReportsLoaded() const override;
     SelDecFm& SelDec() override;
     frmFilters& Filters() override;
+    // The side tables: zip codes and teams, the team counts, the member file.
+    EditZip& Zips();
+    ZipCnt& Workers();
+    Members& MemberEditor();
 
     // What the report screen asks of the edit screen.
     void ShowAllOnEdit() override;
@@ -54,4 +61,7 @@ private:
     std::unique_ptr<PrintReports> reports_;
     std::unique_ptr<SelDecFm> selDec_;
     std::unique_ptr<frmFilters> filters_;
+    std::unique_ptr<EditZip> zips_;
+    std::unique_ptr<ZipCnt> workers_;
+    std::unique_ptr<Members> members_;
 };
