@@ -1,8 +1,7 @@
 // The team pass and the sorts of the zip table: file and table work, no screen.
 #include <algorithm>
 #include <cstring>
-#include <string_view>
-#include <unordered_map>
+#include <cstdint>
 #include <vector>
 
 #include "platform/vb/Error.h"
@@ -21,24 +20,55 @@ constexpr std::size_t KeyWidth = 10;
 
 // Every 10-character stretch of every entry, to the first entry holding it. A key
 // is always 10 wide, so "the first entry that contains the key" is one look-up.
+// Open addressing over the stretches packed in two words: the table is built at
+// each pass, and a node per stretch would cost more than the pass itself.
 class ZipFinder {
 public:
     explicit ZipFinder(const ProgramState& p) : p_(p) {
-        firstOf_.reserve(static_cast<std::size_t>(p.ZipCount) * 24);
+        std::size_t stretches = 0;
         for (int i = 1; i <= p.ZipCount && i <= ZipTableLimit; ++i) {
-            std::string_view e = p.ZipList[static_cast<std::size_t>(i)];
-            for (std::size_t at = 0; at + KeyWidth <= e.size(); ++at) firstOf_.emplace(e.substr(at, KeyWidth), i);
+            const std::size_t n = p.ZipList[static_cast<std::size_t>(i)].size();
+            if (n >= KeyWidth) stretches += n - KeyWidth + 1;
+        }
+        std::size_t size = 16;
+        while (size < stretches * 2) size <<= 1;
+        slots_.assign(size, Slot{});
+        mask_ = size - 1;
+        for (int i = 1; i <= p.ZipCount && i <= ZipTableLimit; ++i) {
+            const std::string& e = p.ZipList[static_cast<std::size_t>(i)];
+            for (std::size_t at = 0; at + KeyWidth <= e.size(); ++at) {
+                const Packed k = Pack(e.data() + at);
+                Slot& s = Probe(k);
+                if (s.entry == 0) s = {k.a, k.b, i};   // the first entry wins
+            }
         }
     }
-    int Find(std::string_view key) const {
-        auto it = firstOf_.find(key);
-        return it == firstOf_.end() ? 0 : it->second;
+    int Find(const std::string& key) const {
+        if (key.size() != KeyWidth) return 0;
+        return const_cast<ZipFinder*>(this)->Probe(Pack(key.data())).entry;
     }
     const std::string& Entry(int i) const { return p_.ZipList[static_cast<std::size_t>(i)]; }
 
 private:
+    struct Packed { std::uint64_t a; std::uint16_t b; };
+    struct Slot { std::uint64_t a = 0; std::uint16_t b = 0; int entry = 0; };
+    static Packed Pack(const char* k) {
+        Packed v{};
+        std::memcpy(&v.a, k, 8);
+        std::memcpy(&v.b, k + 8, 2);
+        return v;
+    }
+    // The slot holding the stretch, or the empty one where it would go.
+    Slot& Probe(const Packed& k) {
+        std::uint64_t h = (k.a ^ (static_cast<std::uint64_t>(k.b) << 48)) * 0x9E3779B97F4A7C15ull;
+        for (std::size_t i = static_cast<std::size_t>(h >> 40) & mask_;; i = (i + 1) & mask_) {
+            Slot& s = slots_[i];
+            if (s.entry == 0 || (s.a == k.a && s.b == k.b)) return s;
+        }
+    }
     const ProgramState& p_;
-    std::unordered_map<std::string_view, int> firstOf_;
+    std::vector<Slot> slots_;
+    std::size_t mask_ = 0;
 };
 
 bool IsTeam(std::string_view t) {
