@@ -46,7 +46,6 @@ ZipCnt::ZipCnt(ProgramState& prog) : Form(prog.host, "ZipCnt"), p(prog) {
     }
     TeamNameBox.Move(8 * px, 8 * px, 230 * px, 650 * px);
     TeamCountBox.Move(240 * px, 8 * px, 70 * px, 650 * px);
-    TeamCountBox.Alignment = 1;
 }
 
 void ZipCnt::Form_Activate() {
@@ -60,7 +59,7 @@ void ZipCnt::Form_Activate() {
         if (colon > 0) name = vb::Left(name, colon - 1);
         if (t < 41) name = Right("0" + CStr(team), 2) + " " + name;
         names += name + (t < 41 ? p.CrLf : "");
-        numbers += CStr(counts[static_cast<std::size_t>(team)]) + (t < 41 ? p.CrLf : "");
+        numbers += Right("     " + CStr(counts[static_cast<std::size_t>(team)]), 5) + (t < 41 ? p.CrLf : "");
     }
     TeamNameBox.SetText(names);
     TeamCountBox.SetText(numbers);

@@ -206,6 +206,6 @@ TEST_F(ZipEditor, OpensFromTheMenusAsksCanadaPrintsAndCountsTeams) {
     EXPECT_NE(std::string::npos, names.find("\r\n05 Smith\r\n"));
     EXPECT_TRUE(names.ends_with("\r\nUnassigned"));
     // Teams 1 to 40, then the six people still at "00".
-    EXPECT_EQ(std::string("0\r\n0\r\n1\r\n0\r\n"), counts.substr(0, 12));
-    EXPECT_TRUE(counts.ends_with("\r\n6"));
+    EXPECT_EQ(std::string("    0\r\n    0\r\n    1\r\n    0\r\n"), counts.substr(0, 28));
+    EXPECT_TRUE(counts.ends_with("\r\n    6"));
 }
