@@ -21,10 +21,9 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     Wire();
     // Work that is not part of the program yet stays disabled.
     for (Control* c : std::initializer_list<Control*>{
-             &btnSDA, &btnDelete, &btnUndelete, &btnAttend, &btnViewFile,
-             &btnExcel, &btnPrayer, &mnuBackup, &mnuRestoreCr, &mnuErase, &mnuMerge, &mnuMergeAttendance,
-             &mnuExportToAccess, &mnuCompact, &mnuFixFile, &mnuCompare, &mnuMembers, &mnuZipCodes, &mnuDeleteRecord,
-             &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate, &mnuCntWorkers, &mnuTeamAssignments,
+             &btnDelete, &btnUndelete, &btnAttend, &btnViewFile, &btnExcel, &btnPrayer, &mnuBackup, &mnuRestoreCr,
+             &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuExportToAccess, &mnuCompact, &mnuFixFile, &mnuCompare,
+             &mnuDeleteRecord, &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
              &mnuPreDec, &mnuPreInt, &mnuPreMailList, &mnuPreAddress, &mPrCut, &mnuPrRptMasters, &mnuPrRptWorkerCode,
@@ -97,6 +96,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WireExchange();
     WireExports();
     WirePrefs();
+    WireZipMembers();
 }
 
 void EditForm::Enable(Control& c, bool on) { c.SetEnabled(on && !notBuilt_.count(&c)); }

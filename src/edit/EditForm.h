@@ -530,6 +530,9 @@ private:
     // Preferences.
     void WirePrefs();
     void OpenPreferences(bool teamsFirst);
+    // The side tables: zip codes and teams, team counts, SDA members.
+    void WireZipMembers();
+    void OpenZipTable(bool refuseEmpty);
     int ShowAllPlace[4] = {};   // ShowAll's place on the bar; a filter moves it where the search box was
 };
 

@@ -12,6 +12,9 @@
 #include "tables/AppointmentFm.h"
 #include "tables/FamilyMem.h"
 #include "tables/frmTab.h"
+#include "tables/EditZip.h"
+#include "tables/MembersFm.h"
+#include "tables/ZipCnt.h"
 
 Program::Program(host::Host& h, std::string appPath) : ReportRun(h, std::move(appPath)) {}
 
@@ -102,4 +105,19 @@ std::vector<std::string> Program::SelectMailList(int group) {
 frmTab& Program::Prefs() {
     if (!prefs_) prefs_ = std::make_unique<frmTab>(*this);
     return *prefs_;
+}
+
+EditZip& Program::Zips() {
+    if (!zips_) zips_ = std::make_unique<EditZip>(*this);
+    return *zips_;
+}
+
+ZipCnt& Program::Workers() {
+    if (!workers_) workers_ = std::make_unique<ZipCnt>(*this);
+    return *workers_;
+}
+
+Members& Program::MemberEditor() {
+    if (!members_) members_ = std::make_unique<Members>(*this);
+    return *members_;
 }

@@ -16,6 +16,9 @@ class SelDecFm;
 class frmFilters;
 class BlankFrm;
 class frmTab;
+class EditZip;
+class ZipCnt;
+class Members;
 
 struct Program : ReportRun {
     Program(host::Host& host, std::string appPath);
@@ -38,6 +41,10 @@ struct Program : ReportRun {
     SelDecFm& SelDec() override;
     frmFilters& Filters() override;
     frmTab& Prefs();
+    // The side tables: zip codes and teams, the team counts, the member file.
+    EditZip& Zips();
+    ZipCnt& Workers();
+    Members& MemberEditor();
 
     // What the report screen asks of the edit screen.
     void ShowAllOnEdit() override;
@@ -61,4 +68,7 @@ private:
     std::unique_ptr<frmFilters> filters_;
     std::unique_ptr<BlankFrm> blank_;
     std::unique_ptr<frmTab> prefs_;
+    std::unique_ptr<EditZip> zips_;
+    std::unique_ptr<ZipCnt> workers_;
+    std::unique_ptr<Members> members_;
 };
