@@ -159,6 +159,9 @@ public:
     void WireDoorScreens();
     void WireMergeAttendance();
     void mnuMergeAttendance_Click();
+    // A safety copy of the crusade before a whole-file operation; false (the operator
+    // told) when it could not be made, and then nothing may be changed.
+    bool KeepSafetyCopy(const std::string& operation, std::string& folder);
     std::string DeleteTitle;     // tells a delete from a move to the member file
     void DropExitWords();
     int ClassAtPress = -1;       // Class before the click that opens the appointment dialog

@@ -86,6 +86,10 @@ bool TakeSafetyCopy(Program& p, const std::string& operation, std::string& folde
 
 }  // namespace
 
+bool EditForm::KeepSafetyCopy(const std::string& operation, std::string& folder) {
+    return TakeSafetyCopy(p, operation, folder);
+}
+
 void EditForm::WireFileCare() {
     mnuBackup.Click = [this] { mnuBackup_Click(); };
     mnuRestoreCr.Click = [this] { mnuRestoreCr_Click(); };

@@ -103,6 +103,9 @@ void EditForm::mnuMergeAttendance_Click() {
                       "What the Merge Will Do") != host::vbYes)
         return;
     if (p.host.MsgBox("Are you sure?", host::vbYesNo | host::vbCritical, "Last Chance!") != host::vbYes) return;
+    // Beyond the old program: the crusade as it was can be brought back from the File menu.
+    std::string copy;
+    if (!KeepSafetyCopy("Merge Attendance", copy)) return;
 
     attend::MergeAttendance(p, remote, whole);
     SaveMembers(p);
@@ -114,5 +117,7 @@ void EditForm::mnuMergeAttendance_Click() {
         if (::FetchCurrentRecord(p)) ShowRecord();
         SetupScreen("");
     }
-    p.host.MsgBox("Attendance has been updated Successfully.");
+    p.host.MsgBox("Attendance has been updated Successfully." + nl + nl +
+                  "The crusade as it was before is kept in " + copy + nl +
+                  "(File menu, Undo Last File Operation).");
 }

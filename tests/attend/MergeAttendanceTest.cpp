@@ -1,6 +1,7 @@
 // The second computer's night merged into the crusade.
 #include <gtest/gtest.h>
 
+#include "maint/SafetyCopy.h"
 #include "platform/vb/Strings.h"
 #include <algorithm>
 #include <filesystem>
@@ -102,6 +103,8 @@ TEST(MergeAttendance, MarksOfTheNightNewNamesOnceAndMembers) {
         EXPECT_EQ(k.meeting, m.c.p.MeetingNumber);
         if (k.refuseAt == 0) {
             EXPECT_EQ(4, m.c.p.IndexCount);
+            ASSERT_TRUE(safety::Last(m.c.p.DataFile));
+            EXPECT_EQ("Merge Attendance", safety::Last(m.c.p.DataFile)->operation);
             const std::string inf = m.c.ReadFile(m.c.p.CrusadeFile("inf"));
             EXPECT_EQ(" 5\r\n", inf.substr(inf.find("\r\n", inf.find("\r\n") + 2) + 2, 4));
             EXPECT_NE(m.c.ReadFile(m.c.p.CrusadeFile("mem")).find("0900Member"), std::string::npos);
