@@ -149,6 +149,15 @@ TEST_F(Prefs, SavedValuesReachTheFileAndTheScreens) {
         f.prefDec[4].UserClick();
         EXPECT_TRUE(f.prefDec[4].HasFocus());
         f.prefDec[4].SetText("Health");
+        // Enter walks the sermon titles and stops at the last.
+        for (int i : {39, 40}) {
+            f.tabPref.SetSelectedTab(frmTab::TabSermons);
+            f.prefSerm[i].SetFocus();
+            f.PressKey(vbKeyReturn, 0, vbKeyReturn);
+            EXPECT_TRUE(f.prefSerm[40].HasFocus()) << i;
+        }
+        c.host.ExpectBox("Team # 12");
+        f.Team[12].UserDblClick();
         f.prefSerm[7].SetText(longTitle);
         f.Team[5].SetText("Ortiz");
         f.TmPhone[5].SetText("555-0101");
