@@ -140,7 +140,9 @@ bool EditZip::Refuse(const std::string& text, Control& back) {
 bool EditZip::SaveZipChanges() {
     if (Adding || Current < 1 || Current > p.ZipCount) return true;
     std::string& e = p.ZipList[static_cast<std::size_t>(Current)];
-    const std::string key = ZipKey(p, Trim(Zip.Text()));
+    // A zip left as shown keeps its key: browsing never rewrites an entry made
+    // before the Canadian setting changed.
+    const std::string key = Trim(Zip.Text()) == Trim(vb::Left(e, 10)) ? Fixed(vb::Left(e, 10), 10) : ZipKey(p, Trim(Zip.Text()));
     const std::string entry = key + Fixed(UCase(Trim(State.Text())), 2) + Fixed(WorkerCode.Text(), 2) +
                               Fixed(Trim(City.Text()), 15) + Right("    " + CountText(e), 4);
     if (entry == e) return true;

@@ -130,6 +130,13 @@ TEST_F(ZipEditor, NavigatesSortsSearchesAddsAndKeepsEveryEntryWhole) {
     z.City.SetText("Ely Heights");
     z.FirstRecordButton.UserClick();
 
+    // Under the Canadian setting a zip shown and left alone keeps its five digits.
+    p.CanadaSorter = true;
+    z.PreviousRecord.UserClick();
+    z.NextRecord_Button.UserClick();
+    p.CanadaSorter = false;
+    EXPECT_EQ(E("12345", "CA", "05", "Springfield", 2), p.ZipList[1]);
+
     // Sorts: by city, then by count, largest first.
     z.SortOpt[1].UserClick();
     EXPECT_EQ("34567|Ely Heights|07|1 of 6", shown());
