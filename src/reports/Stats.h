@@ -69,7 +69,7 @@ public:
 private:
     void AddStats(const MasterRecord& r);
     void AddTeam(const MasterRecord& r);
-    const CountSettings& s_;
+    CountSettings s_;
     StatsCounts c_;
     TeamCounts t_;
 };

@@ -56,6 +56,7 @@ struct SmallCrusade : ::testing::Test {
 }  // namespace
 
 TEST_F(SmallCrusade, EveryCounterAsWorkedOutByHand) {
+    c.p.ReligionList[5] = "";   // a blank entry catches no blank preference
     const StatsCounts s = CountCrusade(c.p).stats;
     // The couple counts twice in the total only; the deleted record nowhere.
     const std::pair<const char*, int> figures[] = {
@@ -159,6 +160,14 @@ TEST(TeamCounting, TeamsVisitsAndTheGospelAndSabbathMeetings) {
     EXPECT_EQ(6, teamed);
     EXPECT_EQ(1, t.SabbathNames());
     EXPECT_EQ(1, t.SabbathVisits());
+
+    // Titles that name neither: Sabbath is meeting 8, and any visit counts as after the Gospel.
+    StatsCounter untitled{CountSettings{}};
+    MasterRecord r = Person("Al", "11", "3", "", "", "03");
+    r.Visits = "h01", r.Decisions = "C--------";
+    untitled.Add(r);
+    EXPECT_EQ(8, untitled.Teams().SabbathMeeting);
+    EXPECT_EQ(1, untitled.Teams().TeamGospelVis[3]);
 }
 
 namespace {
