@@ -28,8 +28,10 @@ std::string Shell(const std::string& command) {
 
 // The spreadsheet program, installed by the project's script when it is missing.
 std::string Spreadsheet() {
+    // The tree this test was built from, when the run does not name it.
     const char* source = std::getenv("VESTREL_SOURCE_DIR");
-    const std::string script = std::string(source ? source : ".") + "/tools/install-calc.sh";
+    const std::string tree = source ? std::string(source) : fs::path(__FILE__).parent_path().parent_path().parent_path().string();
+    const std::string script = tree + "/tools/install-calc.sh";
     return Shell("bash '" + script + "' 2>/dev/null");
 }
 
