@@ -3,7 +3,6 @@
 
 #include <functional>
 
-#include "attend/AttendF.h"
 #include "edit/CardCrusade.h"
 #include "edit/Navigate.h"
 #include "platform/vb/Strings.h"
@@ -212,13 +211,9 @@ TEST_F(Review, SearchAndChoiceBoxesOfAFirstEvening) {
         c.host.Verify();
     }
 
-    // The prayer list with nothing to open it: where the file is; no file: none to view.
+    // The prayer list with no file: none to view.
     c.host.openResult = 2;
     c.host.ExpectBox("There are no Prayer Requests to view.");
-    e.mnuViewPrayerList_Click();
-    c.host.ExpectInput("Type in the Request below.", "Pray for work");
-    e.EnterPrayer();
-    c.host.ExpectBox(vb::Left(p.DataFile, static_cast<long>(p.DataFile.size()) - 4) + "_prayer.txt");
     e.mnuViewPrayerList_Click();
 }
 
@@ -247,41 +242,4 @@ TEST(ReviewRestart, TheScreenComesUpWithTheFocusInTheSearchBox) {
     });
     Main(p);
     EXPECT_EQ(&p.Edit().SearchBox, p.Edit().ActiveControl());
-}
-
-namespace {
-class ReviewDoor : public Review {
-protected:
-    ReviewDoor() : Review(ColeWithoutPhone()) {}
-    // Di Cole has no phone: the door screen warns with the ring.
-    static std::vector<MasterRecord> ColeWithoutPhone() {
-        std::vector<MasterRecord> people = Eight();
-        people[3].Phone = "Unknown";
-        return people;
-    }
-};
-}  // namespace
-
-TEST_F(ReviewDoor, AnUnknownTicketQuietsOnlyThePersonShownAgain) {
-    p.MeetingNumber = 3;
-    c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", "3");
-    e.mnuAttendUpdate_Click();
-    AttendF& a = p.Attend();
-    const auto key = [&](const std::string& ticket) {
-        a.SearchBox.SetFocus();
-        a.SearchBox.SetText(ticket);
-        a.PressKey(vbKeyReturn);
-    };
-    struct Step { std::function<void()> act; bool rings; const char* what; };
-    const std::vector<Step> steps = {
-        {[&] { key("0102"); }, true, "Cole keyed"},
-        {[&] { key("0999"); }, false, "unknown ticket, Cole shown again"},
-        {[&] { a.NextRecord_Button.UserClick(); }, false, "on to Cruz"},
-        {[&] { a.PreviousRecord.UserClick(); }, true, "walked back to Cole"},
-    };
-    for (const Step& s : steps) {
-        c.host.sounds.clear();
-        s.act();
-        EXPECT_EQ(s.rings, Played("ring.wav")) << s.what;
-    }
 }
