@@ -200,12 +200,10 @@ TEST_F(Review, SearchAndChoiceBoxesOfAFirstEvening) {
     EXPECT_EQ("LDS", e.RelPref.Text());
 
     // Letters for a meeting number are a wrong answer, asked again; an empty answer ends.
-    for (const char* typed : {"abc", "x3"}) {
-        c.host.ExpectInput("Enter the Meeting number you would like to see.", typed);
-        c.host.ExpectInput("You must enter a number between 1 and", "");
-        e.mnuFilterSelMtg_Click();
-        c.host.Verify();
-    }
+    c.host.ExpectInput("Enter the Meeting number you would like to see.", "abc");
+    c.host.ExpectInput("You must enter a number between 1 and", "");
+    e.mnuFilterSelMtg_Click();
+    c.host.Verify();
 
     // The prayer list with no file: none to view.
     c.host.openResult = 2;
