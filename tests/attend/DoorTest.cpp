@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 
 #include "attend/AttendF.h"
 #include "attend/AttendFieldUpdate.h"
@@ -171,21 +172,6 @@ TEST_F(Door, TheCorrectionDialogRefusesAndFills) {
     EXPECT_EQ("-B3 2 3", Disk(7));
 }
 
-TEST(DoorStart, OpensNothingOnARefusal) {
-    TestCrusade c;
-    EditForm& e = c.ShowOnEditScreen({MakePerson("0012", "Ann", "Baker"), MakePerson("0100", "Bob", "Bell")});
-    // Judged as in add mode; whatever that refuses opens nothing.
-    c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", "41");
-    c.host.ExpectBox("You must select a Meeting Number between 1 and 40");
-    e.mnuAttendUpdate_Click();
-    EXPECT_FALSE(c.p.AttendLoaded());
-    // A list left empty (a filter that kept nobody) has nobody to mark.
-    c.p.IndexCount = 0;
-    c.host.ExpectBox("There is nobody in the file to take attendance for.");
-    e.btnAttend.UserClick();
-    EXPECT_FALSE(c.p.AttendLoaded());
-}
-
 TEST_F(Door, CorrectionsOnTheCardFollowTheEditScreensRulesAndReachTheDisk) {
     Key("0012");
     c.host.ExpectBox("You must enter a letter between A and G or the Space Bar", host::vbOK, "Incorret Interest Level");
@@ -232,7 +218,7 @@ TEST(DoorStart, TheMeetingOpenedRaisesTheCounterAndClosingNeverLowersIt) {
     }
 }
 
-TEST_F(Door, LiveComesBackWheneverTheScreenIsActiveAgainAndLeavingHandsNoMeeting) {
+TEST_F(Door, LiveComesBackGlobalSearchKeepsThePlaceAndLeavingHandsNoMeeting) {
     a.optVid[1].UserClick();
     c.host.OnModal("AttendFieldUpdate", [](Form& f) { static_cast<AttendFieldUpdate&>(f).CancelAttendUpdate.UserClick(); });
     a.Attendance.UserClick();
@@ -240,26 +226,38 @@ TEST_F(Door, LiveComesBackWheneverTheScreenIsActiveAgainAndLeavingHandsNoMeeting
     EXPECT_TRUE(a.optVid[0].Value());
     Key("0012");
     EXPECT_EQ(Att("1-3"), c.ReadRecord(1).Attendance.str());
+    a.SearchBox.SetFocus();
+    a.TypeText("12-34");
+    EXPECT_EQ("12-34", a.SearchBox.Text());
+    for (int answer : {host::vbCancel, host::vbNo}) {   // Cancel stops the search without a word
+        c.host.ExpectInput("You can search for all or part of the First Name", "bell");
+        c.host.ExpectBox("Is this the correct name?", answer, "Global Search for: bell");
+        if (answer == host::vbNo) c.host.ExpectBox("Search item: bell- not found");
+        a.btnGlobal.UserClick();
+        c.host.Verify();
+        EXPECT_EQ(1, c.p.RecordPos) << answer;
+    }
     // Leaving hands no meeting to the handler a double click on the caption reruns.
     a.PressKey(vbKeyEscape);
     c.host.ExpectInput("Select a Meeting to View", "");
     c.p.Edit().mnuFilterSelMtg_Click();
     EXPECT_EQ("alpha", c.p.SortName);
+    // A refused entry and a list left empty (a filter that kept nobody) open nothing.
+    c.host.ExpectInput("Enter the Meeting Number for which you are updating the Attendance", "");
+    c.p.Edit().mnuAttendUpdate_Click();
+    c.p.IndexCount = 0;
+    c.host.ExpectBox("There is nobody in the file to take attendance for.");
+    c.p.Edit().btnAttend.UserClick();
+    EXPECT_FALSE(c.p.AttendLoaded());
 }
 
-TEST_F(Door, TheSearchBoxTakesAHyphenAndGlobalSearchIsQuietAfterCancel) {
-    a.SearchBox.SetFocus();
-    a.TypeText("12-34");
-    EXPECT_EQ("12-34", a.SearchBox.Text());
-    a.SearchBox.SetText("");
-    const long shown = c.p.RecordPos;
-    struct Case { int answer; bool said; };
-    for (const Case& k : {Case{host::vbCancel, false}, Case{host::vbNo, true}}) {
-        c.host.ExpectInput("You can search for all or part of the First Name", "bell");
-        c.host.ExpectBox("Is this the correct name?", k.answer, "Global Search for: bell");
-        if (k.said) c.host.ExpectBox("Search item: bell- not found");
-        a.btnGlobal.UserClick();
-        c.host.Verify();
-        EXPECT_EQ(shown, c.p.RecordPos) << k.answer;
+TEST_F(Door, TheRingForAMissingPhoneComesOnlyOnArrival) {
+    struct Step { std::function<void()> act; bool rings; };
+    const std::vector<Step> steps = {{[&] { Key("0102"); }, true}, {[&] { Key("0999"); }, false},   // Cole shown again
+                                     {[&] { a.NextRecord_Button.UserClick(); }, false}, {[&] { a.PreviousRecord.UserClick(); }, true}};
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        c.host.sounds.clear();
+        steps[i].act();
+        EXPECT_EQ(steps[i].rings, Played("ring.wav")) << i;
     }
 }

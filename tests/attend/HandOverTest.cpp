@@ -14,8 +14,7 @@ namespace {
 // Four people, the first without a phone, at meeting 3, on the edit screen.
 struct Crusade {
     TestCrusade c;
-    EditForm& e;
-    Crusade() : e(Start()) {}
+    EditForm& e = Start();
     EditForm& Start() {
         std::vector<MasterRecord> people = {MakePerson("0012", "Ann", "Adams", "123"), MakePerson("0100", "Bob", "Bell", "12-"),
                                             MakePerson("0101", "Cy", "Cole", "1-3"), MakePerson("0102", "Di", "Dunn", "--3")};

@@ -299,15 +299,17 @@ TEST_F(CardEntry, MeetingNumberTestsAndTheMeetingBox) {
 }
 
 TEST_F(CardEntry, ExitButtonsPressedFromTheNumberBoxSkipItsCheckOnlyForThatPress) {
-    // From a blank card's number box no number is drawn; answered No, the card stays and no word is left.
-    struct Row { bool fromName; int answer; std::tuple<long, bool, std::string, std::string> after; };
-    for (const Row& r : {Row{false, host::vbYes, {100, false, "", ""}}, Row{true, host::vbNo, {99, true, "", ""}}}) {
+    // From a blank card's number box no number is drawn; answered No, the card stays and no word is left;
+    // a number drawn for a card let go is not given back.
+    struct Row { bool fromName; int answer; std::tuple<long, bool, std::string, std::string, long> after; };
+    for (const Row& r : {Row{false, host::vbYes, {100, false, "", "", 3}}, Row{true, host::vbNo, {99, true, "", "", 3}},
+                         Row{true, host::vbYes, {98, false, "", "", 3}}}) {
         StartAdding();
         if (r.fromName) e.FName.SetFocus();
         ASSERT_EQ(!r.fromName, e.RNum.HasFocus());
         c.host.ExpectBox("You are exiting this record without saving it.", r.answer, "Exit Add Mode");
         e.btnCancelNew.UserClick();
         c.host.Verify();
-        EXPECT_EQ(r.after, std::make_tuple(p.LastRNum, p.AddMode, p.ScratchText, p.ScratchValue)) << r.fromName;
+        EXPECT_EQ(r.after, std::make_tuple(p.LastRNum, p.AddMode, p.ScratchText, p.ScratchValue, c.RecordsOnDisk())) << r.fromName;
     }
 }

@@ -45,19 +45,6 @@ TEST_F(Cards, CardTypedInAddModeIsAppendedAndTheNextCardIsBlank) {
     EXPECT_TRUE(e.SearchBox.HasFocus());
 }
 
-TEST_F(Cards, AnAbortedCardStillUsedItsNumber) {
-    StartAdding("1");
-    e.RNum.SetText(e.DrawRNum());   // what leaving the number box does on a new card
-    e.LName.SetText("Gone");
-    c.host.ExpectBox("You are exiting this record without saving it.", host::vbYes, "Exit Add Mode");
-    e.btnCancelNew_Click();
-    EXPECT_EQ(8, c.RecordsOnDisk());
-    StartAdding("1");
-    e.LName.SetText("Kept");
-    e.btnSaveNew_Click();
-    EXPECT_EQ("9997", c.ReadRecord(9).RNum.str());
-}
-
 TEST_F(Cards, AMoveSavesOnlyWhenSomethingDiffers) {
     // Record 3, Adams, is shown. Another hand changes the file under the screen: a save without a difference must not undo it.
     MasterRecord outside = c.ReadRecord(3);
