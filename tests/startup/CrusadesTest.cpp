@@ -111,7 +111,6 @@ TEST(Crusades, RecentFilesKeepTheirPlacesAndDamagedKeysAreSkipped) {
     AddRecentFile(c.p, c.dataFile);
     EXPECT_EQ(c.dataFile + " /no/such/file.dta", c.host.settings["MDINote/Recent Files/RecentFile1"] + " " +
                                                      c.host.settings["MDINote/Recent Files/RecentFile2"]);
-    EXPECT_EQ(0, RecentKeyNumber("RecentFile1e300"));
     AddRecentFile(c.p, "/no/other.dta");   // the existing crusade moves to the second place
     EditForm& e = c.p.Edit();
     e.UpdateRecentMenu();
