@@ -7,7 +7,7 @@
 #include "store/Recent.h"
 #include "support/TestCrusade.h"
 
-TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
+TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsListsOrNone) {
     for (bool usePrior : {false, true}) {
         TestCrusade c("Old");
         c.p.TeamNames[3] = "Prior team:555";
@@ -36,20 +36,14 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsLists) {
         q.DataFile = fresh;
         LoadInfo(q);
         EXPECT_EQ(usePrior ? "Fresh Prior team:555" : "Fresh Team #  3", q.CrusadeName + " " + q.TeamNames[3]);
+        // A cancelled dialog, or a prior meeting without its file, stops the next load.
+        c.host.ExpectOpen("Create a New Crusade", usePrior ? c.appPath + "/data/New.dta" : "");
+        if (usePrior) c.host.ExpectBox("prior meeting?", host::vbYes).ExpectOpen("Create", c.appPath + "/data/No.inf");
+        c.p.IsNewFile = false;
+        SelectCrusade(c.p);
+        EXPECT_FALSE(c.p.IsNewFile || vb::FileExists(c.appPath + "/data/New.inf") || c.p.MeetingNumber != 1);
+        EXPECT_TRUE(usePrior || c.p.ScratchText == "NoFileSelected");
     }
-}
-
-TEST(Crusades, CancelOrAPriorMeetingWithoutItsFileStopsTheLoad) {
-    TestCrusade c;
-    c.host.ExpectOpen("Create a New Crusade", "");
-    SelectCrusade(c.p);
-    EXPECT_EQ("NoFileSelected", c.p.ScratchText);
-    c.host.ExpectOpen("Create a New Crusade", c.appPath + "/data/New.dta")
-        .ExpectBox("prior meeting?", host::vbYes)
-        .ExpectOpen("Create a New Crusade", c.appPath + "/data/Missing.inf");
-    c.p.MeetingNumber = 5;
-    SelectCrusade(c.p);
-    EXPECT_FALSE(c.p.IsNewFile || vb::FileExists(c.appPath + "/data/New.inf") || c.p.MeetingNumber != 5);
 }
 
 TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
