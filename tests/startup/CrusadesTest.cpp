@@ -46,7 +46,7 @@ TEST(Crusades, ANewCrusadeFromTheSplashWithDefaultsOrAPriorMeetingsListsOrNone) 
     }
 }
 
-TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
+TEST(Crusades, ChangingThroughTheMenuARecentFileAnUpperCaseExtensionOrANewName) {
     TestCrusade c("First"), other("Second");
     c.WriteRecords({MakePerson("9998", "Ann", "First")});
     c.p.Loaded = true;
@@ -72,11 +72,8 @@ TEST(Crusades, ChangingThroughTheMenuAndThroughARecentFile) {
     EXPECT_EQ(second, c.p.DataFile);
     // Already in the menu: not reordered.
     EXPECT_EQ(c.dataFile + " " + second, e.mnuRecentFile[1].Caption() + " " + e.mnuRecentFile[2].Caption());
-}
 
-TEST(Crusades, AnUpperCaseExtensionOpensAndANameThatDoesNotExistAsksAndCreatesKeepingTheLists) {
-    TestCrusade c("First");
-    EditForm& e = c.ShowOnEditScreen({MakePerson("9998", "Ann", "First")});
+    // An upper-case extension opens; a name that does not exist asks, and is created keeping the lists.
     std::string loud = c.appPath + "/data/LOUD.DTA";
     c.WriteFile(loud, c.ReadFile(c.dataFile));
     c.host.ExpectOpen("Select an Existing Crusade", loud).ExpectBox("LOUD Has been loaded successfully.");
