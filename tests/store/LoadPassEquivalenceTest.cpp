@@ -31,8 +31,6 @@ public:
     void SetBusy(bool on) override { busy += on ? 1 : -1; }
 };
 
-// ---- inputs
-
 // A generated crusade; `damage` then works on its bytes and its state.
 struct Case {
     const char* name;
