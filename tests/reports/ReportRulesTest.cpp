@@ -33,12 +33,17 @@ struct Sheet {
         CountAttendance(r);
         return r;
     }
-    void Load(const std::vector<MasterRecord>& people, int meeting) {
+    // With a kind, listed as it with `keys` and the printer dialog accepted.
+    void Load(const std::vector<MasterRecord>& people, int meeting, const std::string& kind = "",
+              const std::vector<std::string>& keys = {}) {
         c.ShowOnEditScreen(people);
         c.p.MeetingNumber = meeting;
         for (int i = 1; i <= 40; ++i) c.p.SermonTitles[static_cast<std::size_t>(i)] = "Night " + std::to_string(i);
         c.p.PrintingFromPreview = true;
         out.Clear();
+        if (kind.empty()) return;
+        SetList(kind, keys);
+        c.host.AcceptPrinter();
     }
     // Entries of record numbers 1.. with each key between number and pointer.
     void SetList(const std::string& kind, const std::vector<std::string>& keys) {
@@ -88,10 +93,8 @@ TEST(ListReportRules, AttendanceWindowSlidesPastMeeting28) {
         Sheet s;
         MasterRecord r = Sheet::Person(1, att);
         r.Decisions = "XXXXXXXXX";
-        s.Load({r}, k.meeting);
-        s.SetList(k.report == 1 ? "wcalpha" : k.report == 2 ? "decisions3" : "alphafilter",
+        s.Load({r}, k.meeting, k.report == 1 ? "wcalpha" : k.report == 2 ? "decisions3" : "alphafilter",
                   {k.report == 1 ? "00PERSON" : "PERSON"});
-        s.c.host.AcceptPrinter();
         std::int16_t n = 0;
         k.report == 2 ? PrintDecisions(s.c.p, n) : k.report ? PrintWCReport(s.c.p, 1) : PrintOneLineReport(s.c.p, 1);
         const Op* op = s.out.FindText(k.window);
@@ -127,9 +130,7 @@ TEST(ListReportRules, PageEndsOnlyOncePastTheLimit) {
             people.push_back(r);
             keys.push_back(k.team ? "01" + std::string(1, static_cast<char>('A' + group)) : "PERSON" + Num2(i));
         }
-        s.Load(people, 3);
-        s.SetList(k.team ? "interest" : "DupAddress", keys);
-        s.c.host.AcceptPrinter();
+        s.Load(people, 3, k.team ? "interest" : "DupAddress", keys);
         k.team ? PrintWCReport(s.c.p, 7) : PrintOneLineReport(s.c.p, 10);
         EXPECT_EQ(1, s.PageOf(k.lastOnPage1));
         EXPECT_EQ(2, s.PageOf(k.lastOnPage1 + 1));
@@ -165,9 +166,7 @@ TEST(ListReportRules, BaptismMarksAndBoldEachFromTheirOwnField) {
             recs.push_back(r);
             keys.push_back(k.code == 6 ? std::string(people[i].level) + "PERSON" : "PERSON");
         }
-        s.Load(recs, 3);
-        s.SetList(k.kind, keys);
-        s.c.host.AcceptPrinter();
+        s.Load(recs, 3, k.kind, keys);
         PrintOneLineReport(s.c.p, k.code);
         for (int i = 0; i < 6; ++i) {
             const Op* op = s.out.FindText("00 " + std::to_string(1001 + i) + " Person0" + std::to_string(i + 1));
@@ -331,9 +330,7 @@ TEST(DecisionReport, AppointmentColumnOfTheBaptismDecisionOnly) {
         r.Class = k.interview;
         r.BaptDate = k.date;
         r.Visits = "p04";
-        s.Load({r}, 3);
-        s.SetList("decisions" + std::to_string(k.decision), {"PERSON"});
-        s.c.host.AcceptPrinter();
+        s.Load({r}, 3, "decisions" + std::to_string(k.decision), {"PERSON"});
         std::int16_t n = 0;
         PrintDecisions(s.c.p, n);
         const Op* right = nullptr;
@@ -383,10 +380,8 @@ TEST(ListReportRules, ColumnsAndGroupsByKind) {
             k.set(s, r, i);
             people.push_back(r);
         }
-        s.Load(people, 3);
+        s.Load(people, 3, k.kind, {"PERSON", "PERSON"});
         for (int i = 1; i <= 2; ++i) k.set(s, people[static_cast<std::size_t>(i) - 1], i);
-        s.SetList(k.kind, {"PERSON", "PERSON"});
-        s.c.host.AcceptPrinter();
         PrintOneLineReport(s.c.p, k.code);
         std::vector<std::string> printed = s.Texts();
         std::string totals = "4.50";   // the numbers of the totals, in order
@@ -420,11 +415,9 @@ TEST(DecisionReport, LinesFootersAndTotalsOverTwoPages) {
             r.BirthDate = "06/07/90";
             people.push_back(r);
         }
-        s.Load(people, 3);
+        s.Load(people, 3, k.baptisms ? "baptism" : "decisions3", std::vector<std::string>(60, "PERSON"));
         s.c.p.CrusadeName = "Riverside Hope";
         s.c.p.DecisionNames[3] = "Keep Sabbath";
-        s.SetList(k.baptisms ? "baptism" : "decisions3", std::vector<std::string>(60, "PERSON"));
-        s.c.host.AcceptPrinter();
         std::int16_t n = 0;
         k.baptisms ? PrintBaptisms(s.c.p) : PrintDecisions(s.c.p, n);
         EXPECT_EQ(s.out.PagesPrinted(), 2);
@@ -451,11 +444,9 @@ TEST(ListReportRules, TeamPagesRestartAndBaptismDatesStandOut) {
         people.push_back(r);
         keys.push_back(r.WorkerCode.str() + "PERSON");
     }
-    s.Load(people, 3);
+    s.Load(people, 3, "wcalpha", keys);
     s.c.p.TeamNames[1] = "North";
     s.c.p.TeamNames[2] = "South";
-    s.SetList("wcalpha", keys);
-    s.c.host.AcceptPrinter();
     PrintWCReport(s.c.p, 1);
     const std::string title = "      Team 02:  Fall Team Alphabetical List: Page 2";
     const Op* footer = s.out.FindText("South" + title);
@@ -538,11 +529,9 @@ struct Printing : ::testing::Test, Sheet {
             keys.push_back((kind == "wcattend" ? r.WorkerCode.str() : "") + (i <= 30 ? "996" : "997") + "PERSON" +
                            Num2(i));
         }
-        Load(people, 3);
+        Load(people, 3, kind, keys);
         c.p.TeamNames[1] = "Team #1: North";
         c.p.TeamNames[2] = "Team #2: South";
-        SetList(kind, keys);
-        c.host.AcceptPrinter();
     }
 };
 
@@ -597,9 +586,7 @@ TEST_F(Printing, BaptismTotalsCountBothMarks) {
         r.Decisions = dec;
         people.push_back(r);
     }
-    Load(people, 5);
-    SetList("baptism", {"A", "B", "C", "D"});
-    c.host.AcceptPrinter();
+    Load(people, 5, "baptism", {"A", "B", "C", "D"});
     PrintBaptisms(c.p);
 
     const std::vector<std::string> d = Dump(out);
@@ -617,10 +604,9 @@ TEST_F(Printing, BaptismTotalsCountBothMarks) {
 }
 
 TEST_F(Printing, InterviewListShowsEachDayWithItsFreeHours) {
-    Load({MakePerson("5001", "Al", "Ames"), MakePerson("5002", "Bo", "Best"), MakePerson("5003", "Cy", "Cole")}, 6);
+    Load({MakePerson("5001", "Al", "Ames"), MakePerson("5002", "Bo", "Best"), MakePerson("5003", "Cy", "Cole")}, 6,
+         "BaptClass", {"A101AMES", "A103BEST", "A103COLE"});
     for (int h = 0; h <= 13; ++h) c.p.HourLabels[static_cast<std::size_t>(h)] = "Hour" + std::to_string(h);
-    SetList("BaptClass", {"A101AMES", "A103BEST", "A103COLE"});
-    c.host.AcceptPrinter();
     PrintOneLineReport(c.p, 10);
     std::vector<std::string> shown;
     for (const std::string& line : Dump(out))
