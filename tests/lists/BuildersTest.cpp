@@ -84,20 +84,17 @@ TEST(BuildList, EveryKindSelectsKeysAndOrdersAsItsRuleSays) {
         EXPECT_EQ(row.entries, l.Squeezed());
         for (int i = 1; i <= l.c.p.IndexCount; ++i) EXPECT_EQ(row.length, l.c.p.SortIndex[i].size());
     }
+    // The cut-off applied to all names keeps those past it under their full names.
+    ASSERT_TRUE(lists::BuildList(l.c.p, "alpha"));
+    lists::ApplyCutOff(l.c.p);
+    EXPECT_EQ((std::vector<std::string>{"0103ADAMS_CY_3", "0105BROWN_ED_5", "0106BURKE_FLO_6", "0104COLE_DI_4", "0101LEE_ANN_1",
+                                        "0102LEE_BOB_2"}), l.Squeezed());
 }
 
 TEST(BuildList, AnEmptyCrusadeGivesEmptyListsAndNoPerson) {
     ListCrusade l(std::vector<Person>{});
     for (const char* kind : {"alpha", "notes", "attend", "mail", "DupAddress"})
         EXPECT_EQ(std::make_tuple(true, 0, 0), std::make_tuple(lists::BuildList(l.c.p, kind), l.c.p.IndexCount, l.c.p.CurrentIndex)) << kind;
-}
-
-TEST(ApplyCutOff, KeepsThosePastTheCutOffUnderTheirFullNames) {
-    ListCrusade l;
-    ASSERT_TRUE(lists::BuildList(l.c.p, "alpha"));
-    lists::ApplyCutOff(l.c.p);
-    EXPECT_EQ((std::vector<std::string>{"0103ADAMS_CY_3", "0105BROWN_ED_5", "0106BURKE_FLO_6", "0104COLE_DI_4", "0101LEE_ANN_1",
-                                        "0102LEE_BOB_2"}), l.Squeezed());
 }
 
 TEST(SelectFilter, RebuildsAListFromItsNameWithoutAskingAndRemembersTheOneBefore) {

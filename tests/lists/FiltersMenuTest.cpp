@@ -63,7 +63,7 @@ TEST(FiltersMenu, EachEntryShowsItsListNamedCountedAndPainted) {
     }
 }
 
-TEST(FiltersMenu, CancelNonsenseAndEmptyListsLeaveAllNames) {
+TEST(FiltersMenu, CancelNonsenseEmptyListsAndTheWayBack) {
     OnScreen s;
     ScriptedHost& h = s.c.host;
     // Backing out of a question builds nothing.
@@ -74,6 +74,15 @@ TEST(FiltersMenu, CancelNonsenseAndEmptyListsLeaveAllNames) {
     h.ExpectInput("Missing Names", "10").ExpectBox("You must select a meeting between 0 and 9");
     s.Pick("mnuFilterMissedMtgs");
     EXPECT_EQ("alpha", s.c.p.SortName);
+    // Show All keeps the person; a double click on the label goes back to the filter.
+    h.ExpectBox("NOTES on their cards.");
+    s.Pick("mnuNotes");
+    s.e.ChgRec[2].UserClick();   // Bob Lee, second of the notes list
+    s.e.ShowAll.UserClick();
+    EXPECT_EQ("alpha|All Names Sorted Alphabeticaly|7 of 7|Lee Bob|search", s.Screen());
+    h.ExpectBox("NOTES on their cards.");
+    s.e.EditLabel.UserDblClick();
+    EXPECT_EQ("notes|Cards with Notes|1 of 2|Lee Ann|all", s.Screen());
     // A cut-off at or above the last meeting, or not a number, is refused.
     for (const char* answer : {"10", "abc", "-1"}) {
         h.ExpectInput("Set Meeting Cut Off", answer).ExpectBox("You must select a meeting between 0 and 9");
@@ -87,16 +96,4 @@ TEST(FiltersMenu, CancelNonsenseAndEmptyListsLeaveAllNames) {
     h.ExpectInput("Missing Names", "9").ExpectBox("There were no names who have missed 9 night(s).");
     s.Pick("mnuFilterMissedMtgs");
     EXPECT_EQ("alpha|All Names Sorted Alphabeticaly|1 of 7|Adams Cy|search", s.Screen());
-}
-
-TEST(FiltersMenu, ShowAllKeepsThePersonAndADoubleClickReturnsToTheFilter) {
-    OnScreen s;
-    s.c.host.ExpectBox("NOTES on their cards.");
-    s.Pick("mnuNotes");
-    s.e.ChgRec[2].UserClick();   // Bob Lee, second of the notes list
-    s.e.ShowAll.UserClick();
-    EXPECT_EQ("alpha|All Names Sorted Alphabeticaly|7 of 7|Lee Bob|search", s.Screen());
-    s.c.host.ExpectBox("NOTES on their cards.");
-    s.e.EditLabel.UserDblClick();
-    EXPECT_EQ("notes|Cards with Notes|1 of 2|Lee Ann|all", s.Screen());
 }

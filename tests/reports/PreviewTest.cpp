@@ -45,13 +45,6 @@ struct Preview {
             if (op.kind == RecordingSurface::OpKind::Text) t += op.text + "\n";
         return t;
     }
-    void AcceptPrinter() {
-        c.host.ExpectPrinter([](PrinterDialog& d) {
-            d.FromPage = 1;
-            d.ToPage = 1000;
-            return true;
-        });
-    }
     std::string Line(int i) const {
         std::string t = pr->Info.Text();
         for (int k = 1; k < i; ++k) t = t.substr(t.find("\r\n") + 2);
@@ -304,7 +297,7 @@ TEST_F(PreviewScreen, ATeamInEitherOrderAndItsReportGroupedByLastMeeting) {
         const std::string shown = Line(1).substr(9, 4) + " " + Line(2).substr(9, 4);
         EXPECT_EQ(order, shown);
         c.host.printer.Clear();
-        AcceptPrinter();
+        c.host.AcceptPrinter();
         pr->btnPrint.UserClick();
         const std::string printed = Printed();
         EXPECT_NE(npos, printed.find("Missing Since Meeting # 5")) << printed;

@@ -38,14 +38,6 @@ struct Sheets {
         c.p.SortName = kind;
     }
     ~Sheets() { c.host.Verify(); }
-    void Printer(int fromPage = 1) {
-        c.host.ExpectPrinter([fromPage](PrinterDialog& d) {
-            d.Flags |= fromPage > 1 ? 2 : 0;
-            d.FromPage = fromPage;
-            d.ToPage = 1000;
-            return true;
-        });
-    }
     // Where a text starts, "x y", or "missing".
     std::string At(const std::string& text) const {
         const Op* op = out.FindText(text);
@@ -88,9 +80,9 @@ TEST(ReportGuard, EveryReportGivesBackThePersonAndDropsAHalfDocument) {
         std::function<void(ReportRun&)> run;
         int documents;
     };
-    auto accept = [](OnScreen& s) { s.Printer(); };
+    auto accept = [](OnScreen& s) { s.c.host.AcceptPrinter(); };
     auto sheets = [](int answer) {
-        return [answer](OnScreen& s) { s.Printer(), s.c.host.ExpectBox("You will need 6 sheets", answer); };
+        return [answer](OnScreen& s) { s.c.host.AcceptPrinter(), s.c.host.ExpectBox("You will need 6 sheets", answer); };
     };
     auto cards = [](ReportRun& p) { InterestCard2x4(p); };
     const Case cases[] = {
@@ -99,7 +91,7 @@ TEST(ReportGuard, EveryReportGivesBackThePersonAndDropsAHalfDocument) {
         {"baptisms", "baptism", true, accept, [](ReportRun& p) { PrintBaptisms(p); }, 0},
         {"decisions", "decisions3", true, accept, [](ReportRun& p) { std::int16_t n = 0; PrintDecisions(p, n); }, 0},
         {"mail labels", "attend", true,
-         [](OnScreen& s) { s.c.host.ExpectBox("60 Mail Labels are being sent", vbYes), s.Printer(); },
+         [](OnScreen& s) { s.c.host.ExpectBox("60 Mail Labels are being sent", vbYes), s.c.host.AcceptPrinter(); },
          [](ReportRun& p) { prnMailLabels(p); }, 0},
         {"cards", "IntCard", true, sheets(vbYes), cards, 0},
         {"cards printed", "IntCard", false, sheets(vbYes), cards, 1},
@@ -131,7 +123,7 @@ TEST(Labels, MailLabelsFillSheetsOfThirtyFromTheOffsets) {
         SCOPED_TRACE(k.people);
         Sheets s(k.people, "attend");
         s.c.host.ExpectBox(std::to_string(k.people) + " Mail Labels are being sent", vbYes);
-        s.Printer(k.fromPage);
+        s.c.host.AcceptPrinter(k.fromPage);
         prnMailLabels(s.c.p);
         int onLast = 0;
         for (const Op* op : s.out.TextOps()) onLast += op->page == k.pages && op->text.rfind("Pat ", 0) == 0;
@@ -155,7 +147,7 @@ TEST(Labels, RefusalsAndBadInputLeaveNoDocument) {
         SCOPED_TRACE(k.box);
         Sheets s(k.people, "attend");
         s.c.host.ExpectBox(k.box, k.answer);
-        if (k.fromPage > 0) s.Printer(k.fromPage);
+        if (k.fromPage > 0) s.c.host.AcceptPrinter(k.fromPage);
         if (k.fromPage < 0) s.c.host.ExpectPrinter([](PrinterDialog&) { return false; });
         if (k.refusal) s.c.host.ExpectBox(k.refusal, vbOK, "Print Error");
         prnMailLabels(s.c.p);
@@ -170,7 +162,7 @@ TEST(Labels, RefusalsAndBadInputLeaveNoDocument) {
     s.c.p.MasterRec = r;
     PutRecord(s.c.p, 1);
     s.c.host.ExpectBox("2 Mail Labels", vbYes);
-    s.Printer();
+    s.c.host.AcceptPrinter();
     prnMailLabels(s.c.p);
     const Op* name = s.out.FindText("Maximiliana");
     ASSERT_TRUE(name);
@@ -182,7 +174,7 @@ TEST(Labels, InterestCardsTenToASheetSetTheFlagOnceAndOnlyForCardsPrinted) {
     Sheets s(10, "IntCard");
     RebuildAlpha(s.c.p);
     s.c.p.SortName = "IntCard";
-    s.Printer();
+    s.c.host.AcceptPrinter();
     s.c.host.ExpectBox("You will need 1 sheets of Avery 5163", vbYes);
     InterestCard2x4(s.c.p);
     EXPECT_EQ(s.out.PagesPrinted(), 1);

@@ -35,6 +35,15 @@ ScriptedHost& ScriptedHost::ExpectPrinter(std::function<bool(host::PrinterDialog
     return *this;
 }
 
+ScriptedHost& ScriptedHost::AcceptPrinter(int fromPage) {
+    return ExpectPrinter([fromPage](host::PrinterDialog& d) {
+        d.Flags |= fromPage > 1 ? 2 : 0;
+        d.FromPage = fromPage;
+        d.ToPage = 1000;
+        return true;
+    });
+}
+
 ScriptedHost& ScriptedHost::Expect(const std::string& kind, const std::string& part, const std::string& text) {
     expected_.push_back({kind, part, std::nullopt, std::nullopt, 0, text, {}});
     return *this;

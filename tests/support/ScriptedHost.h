@@ -30,6 +30,8 @@ public:
     ScriptedHost& ExpectOpen(const std::string& titlePart, const std::string& path);
     ScriptedHost& ExpectSave(const std::string& titlePart, const std::string& path);
     ScriptedHost& ExpectPrinter(std::function<bool(host::PrinterDialog&)> answer);
+    // OK on the printer dialog, printing from `fromPage` on (a page range only past page 1).
+    ScriptedHost& AcceptPrinter(int fromPage = 1);
     // The script that runs while a modal form of this name is shown; it must close it.
     void OnModal(const std::string& formName, std::function<void(forms::Form&)> script);
     // All expectations met and the busy pointer back to normal? Fails the test otherwise.
