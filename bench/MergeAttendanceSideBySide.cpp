@@ -145,9 +145,10 @@ void BM_Sql(benchmark::State& state) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (int n : Sizes)
-        for (auto [name, fn] : {std::pair{"BM_Merge", BM_Merge}, std::pair{"BM_Sql", BM_Sql}})
-            benchmark::RegisterBenchmark(name, fn)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly(false);
+    for (int n : Sizes) {
+        benchmark::RegisterBenchmark("BM_Merge", BM_Merge)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
+        benchmark::RegisterBenchmark("BM_Sql", BM_Sql)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
+    }
     benchmark::Initialize(&argc, argv);
     Rounds rounds;
     benchmark::RunSpecifiedBenchmarks(&rounds);

@@ -1,5 +1,6 @@
 #include "attend/MergeAttendance.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -82,24 +83,33 @@ MergeCount Walk(ProgramState& p, const RemoteCrusade& remote, bool wholeRecord, 
     if (p.SortName != "alpha") RebuildAlpha(p);
     const std::unordered_map<std::string, int> first = FirstEntries(p);
     const int r = remote.meeting;
-    MergeCount count;
+    constexpr std::size_t Len = MasterRecord::Length;
+    // The whole file in one read, the changed records written back in one pass:
+    // a read and a write a person would cost more than the merge itself.
+    const long count = p.RecordCount;
+    std::vector<char> here(static_cast<std::size_t>(count) * Len);
+    const long whole = count > 0 ? p.File1.GetRange(1, count, here.data()) : 0;
+    std::vector<char> added;
+    long lowest = count + 1, highest = 0;
+    MergeCount result;
     for (const MasterRecord& person : remote.people) {
         auto hit = first.find(UCase(person.RNum.str()));
         if (hit == first.end()) {
-            ++count.added;
+            ++result.added;
             if (write) {
-                p.MasterRec = person;
-                PutRecord(p, ++p.RecordCount);
+                const RecordBytes b = EncodeRecord(person);
+                added.insert(added.end(), b.begin(), b.end());
             }
             continue;
         }
         const long n = static_cast<long>(Val(Right(p.SortIndex[static_cast<std::size_t>(hit->second)], 4)));
-        MasterRecord local;
-        RecordLayout::Read(p.File1, n, local);
+        if (n < 1 || n > whole) continue;   // an entry pointing past the file: nothing to merge into
+        char* at = here.data() + static_cast<std::size_t>(n - 1) * Len;
+        MasterRecord local = DecodeRecord(at);
         if (UCase(FullName(local)) != UCase(FullName(person)))
-            count.namesDiffer.push_back(person.RNum.str() + "  " + FullName(local) + " / " + FullName(person));
+            result.namesDiffer.push_back(person.RNum.str() + "  " + FullName(local) + " / " + FullName(person));
         if (person.Last != r) continue;   // not at the remote meeting: the local record stays
-        ++count.marked;
+        ++result.marked;
         if (!write) continue;
         if (wholeRecord) {
             local = person;
@@ -108,10 +118,18 @@ MergeCount Walk(ProgramState& p, const RemoteCrusade& remote, bool wholeRecord, 
             CountAttendance(local, 40);   // the count only: Last is the remote one
             local.Last = person.Last;
         }
-        p.MasterRec = local;
-        PutRecord(p, n);
+        const RecordBytes b = EncodeRecord(local);
+        std::copy(b.begin(), b.end(), at);
+        lowest = std::min(lowest, n);
+        highest = std::max(highest, n);
     }
-    return count;
+    if (write) {
+        if (highest >= lowest)
+            PutRecords(p, lowest, highest - lowest + 1, here.data() + static_cast<std::size_t>(lowest - 1) * Len);
+        PutRecords(p, count + 1, result.added, added.data());
+        p.RecordCount += result.added;
+    }
+    return result;
 }
 
 }  // namespace

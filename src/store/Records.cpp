@@ -92,6 +92,12 @@ void PutRecord(ProgramState& p, long n) {
     RecordLayout::Write(p.File1, n, p.MasterRec);
 }
 
+void PutRecords(ProgramState& p, long first, long count, const char* bytes) {
+    if (count <= 0) return;
+    KeepRecordFileInPlace(p);
+    p.File1.PutRange(first, count, bytes);
+}
+
 std::string NextRNum(ProgramState& p) {
     long before = p.LastRNum;
     const long step = UCase(Trim(p.NumberDirection)) == "UP" ? 1 : -1;

@@ -11,6 +11,8 @@ void OpenRecordFile(ProgramState& p);
 bool GetRecord(ProgramState& p, long n);
 // Writes MasterRec to record n; a record file gone from its place is offered back first.
 void PutRecord(ProgramState& p, long n);
+// Writes `count` whole records from `bytes` as records first.., with the same check.
+void PutRecords(ProgramState& p, long first, long count, const char* bytes);
 // Draws the next registration number, passing over numbers the list holds, and
 // rewrites the information file at once.
 // Empty, with LastRNum as it was, when that file could not be written (the
