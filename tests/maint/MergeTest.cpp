@@ -68,7 +68,8 @@ TEST(Merge, DuplicateTestGivesTheNumbersOfThePart) {
         {"0005", "Fay", "Wu"},           // clashes with one this merge brought in
         {"0007", "Gus", "Del", true},    // deleted in the other file: left out
     });
-    c.WriteFile(c.folder / "Fall.mem", "\"9999 Lee Ann\"\r\n\"0005 Ng  Eve\"\r\n");
+    c.WriteFile(c.folder / "Fall.mem", "\"" + MemberLine("9999", "Lee", "Ann") + "\"\r\n\"0005 Ng  Eve\"\r\n");
+    c.p.LastRNum = 9999;
     c.host.ExpectOpen("Merge Files into the Master File", other)
         .ExpectBox("You will merge 8 records from:", vbYes)
         .ExpectBox("Last Chance! Are you sure?", vbYes);
