@@ -22,7 +22,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     // Work that is not part of the program yet stays disabled.
     for (Control* c : std::initializer_list<Control*>{
              &btnDelete, &btnUndelete, &btnAttend, &btnViewFile, &btnExcel, &btnPrayer, &mnuBackup, &mnuRestoreCr,
-             &mnuErase, &mnuMerge, &mnuMergeAttendance, &mnuExportToAccess, &mnuCompact, &mnuFixFile, &mnuCompare,
+             &mnuErase, &mnuMergeAttendance, &mnuExportToAccess, &mnuCompact, &mnuFixFile,
              &mnuDeleteRecord, &munUndeleteRec, &mnuAddLastMeeting, &mnuAttendUpdate,
              &mnuMarkMarkers, &mnuClearIntFlag, &mnuExcel, &mnuMMergeTitle, &mnuEmail, &mnuExpMap,
              &mnuExportText, &mnuEnterPrayerRequest, &mnuViewPrayerList, &mnuPreMasterLists, &mnuPreBap,
@@ -93,6 +93,7 @@ EditForm::EditForm(Program& prog) : Form(prog.host, "EditForm"), p(prog) {
     WireFilters();
     WireStats();
     WireFileCare();
+    WireMerge();
     WireExchange();
     WireExports();
     WirePrefs();

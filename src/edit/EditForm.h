@@ -187,6 +187,11 @@ public:
     void WireStats();
     // File care: backup, restore, compact, Fix Files, erase, and the undo of the last of these.
     void WireFileCare();
+    // Merge of another crusade and the compare with a backup.
+    void WireMerge();
+    void mnuMerge_Click();
+    void mnuCompare_Click();
+    void CompareFiles();
     void mnuBackup_Click();
     void BackupFiles();
     void mnuRestoreCr_Click();
