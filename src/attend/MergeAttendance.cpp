@@ -67,7 +67,7 @@ std::string ReadRemoteCrusade(const std::string& dtaPath, RemoteCrusade& out) {
 namespace {
 
 // The first entry of the list for each number, without regard to case: the
-// Part's search from position 1, found once per number instead of once per person.
+// search from the top of the list, done once per number instead of once per person.
 std::unordered_map<std::string, int> FirstEntries(const ProgramState& p) {
     std::unordered_map<std::string, int> first;
     const int n = std::min<int>(p.IndexCount, static_cast<int>(p.SortIndex.size()) - 1);
