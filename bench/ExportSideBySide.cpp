@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "GeneratedCrusades.h"
+#include "Rounds.h"
 #include "exchange/Export.h"
 #include "program/Program.h"
 #include "store/Info.h"
@@ -211,42 +212,26 @@ void BM_Sql(benchmark::State& state, const Kind& k) {
     if (!x.empty() && x != lines(path)) state.SkipWithError("the SQL rows differ from the export's");
 }
 
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    // Processor time: on a shared machine the wall clock measures the neighbours too.
-    std::map<std::string, double> medians;   // name -> ms
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.aggregate_name == "median")
-                medians[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Get(const std::string& name) const {
-        auto it = medians.find(name);
-        return it == medians.end() ? 0 : it->second;
-    }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
     for (const Kind& k : Kinds()) {
         for (int n : Sizes) {
             benchmark::RegisterBenchmark((std::string("Export/") + k.name).c_str(), BM_Export, k)
-                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly(true);
+                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
             benchmark::RegisterBenchmark((std::string("Sql/") + k.name).c_str(), BM_Sql, k)
-                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly(true);
+                ->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
         }
     }
     benchmark::Initialize(&argc, argv);
-    MedianReporter reporter;
+    Rounds reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\nmedian processor time in ms\n%-16s %10s %10s %7s %10s %10s %7s %10s\n", "export", "file 1000",
                 "sql 1000", "ratio", "file 9999", "sql 9999", "ratio", "9999/1000");
     for (const Kind& k : Kinds()) {
         const std::string e = std::string("Export/") + k.name, s = std::string("Sql/") + k.name;
-        double e1 = reporter.Get(e + "/1000"), s1 = reporter.Get(s + "/1000");
-        double e9 = reporter.Get(e + "/9999"), s9 = reporter.Get(s + "/9999");
+        double e1 = reporter.Cpu(e + "/1000"), s1 = reporter.Cpu(s + "/1000");
+        double e9 = reporter.Cpu(e + "/9999"), s9 = reporter.Cpu(s + "/9999");
         std::printf("%-16s %10.3f %10.3f %7.2f %10.3f %10.3f %7.2f %10.1f\n", k.name, e1, s1, s1 > 0 ? e1 / s1 : 0, e9,
                     s9, s9 > 0 ? e9 / s9 : 0, e1 > 0 ? e9 / e1 : 0);
     }

@@ -20,6 +20,7 @@
 #include "store/Info.h"
 #include "store/Records.h"
 #include "GeneratedCrusades.h"
+#include "Rounds.h"
 #include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
@@ -177,41 +178,23 @@ void BM_Sql(benchmark::State& state) {
     state.counters["people"] = static_cast<double>(rows);
 }
 
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    // Processor time: on a shared machine the wall clock measures the neighbours too.
-    std::map<std::string, double> medians;   // name -> ms
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.aggregate_name == "median")
-                medians[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Get(const std::string& name) const {
-        auto it = medians.find(name);
-        return it == medians.end() ? 0 : it->second;
-    }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
     for (int n : Sizes) {
-        benchmark::RegisterBenchmark("Import", BM_Import)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)
-            ->ReportAggregatesOnly(true);
-        benchmark::RegisterBenchmark("Sql", BM_Sql)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)
-            ->ReportAggregatesOnly(true);
+        benchmark::RegisterBenchmark("Import", BM_Import)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
+        benchmark::RegisterBenchmark("Sql", BM_Sql)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
     }
     benchmark::Initialize(&argc, argv);
-    MedianReporter reporter;
+    Rounds reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\nmedian processor time in ms\n%-8s %10s %10s %8s\n", "lines", "import", "sql", "ratio");
     for (int n : Sizes) {
         const std::string a = std::to_string(n);
-        double i = reporter.Get("Import/" + a), s = reporter.Get("Sql/" + a);
+        double i = reporter.Cpu("Import/" + a), s = reporter.Cpu("Sql/" + a);
         std::printf("%-8d %10.3f %10.3f %8.2f\n", n, i, s, s > 0 ? i / s : 0);
     }
-    double i1 = reporter.Get("Import/1000"), i9 = reporter.Get("Import/9999");
+    double i1 = reporter.Cpu("Import/1000"), i9 = reporter.Cpu("Import/9999");
     std::printf("import growth 1000 -> 9999 lines: %.1f (linear: 10.0)\n", i1 > 0 ? i9 / i1 : 0);
     benchmark::Shutdown();
     return 0;

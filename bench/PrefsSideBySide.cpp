@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "GeneratedCrusades.h"
+#include "Rounds.h"
 #include "store/Info.h"
 #include "store/MasterRecord.h"
 #include "store/RecordLayout.h"
@@ -145,40 +146,23 @@ void BM_Sql(benchmark::State& state) {
     sqlite3_close(db);
 }
 
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    // Processor time: on a shared machine the wall clock measures the neighbours too.
-    std::map<std::string, double> medians;   // name -> ms
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.aggregate_name == "median") medians[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Get(const std::string& name) const {
-        auto it = medians.find(name);
-        return it == medians.end() ? 0 : it->second;
-    }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
     for (int n : Sizes) {
-        benchmark::RegisterBenchmark("Erase", BM_Erase)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)
-            ->ReportAggregatesOnly(true);
-        benchmark::RegisterBenchmark("Sql", BM_Sql)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)
-            ->ReportAggregatesOnly(true);
+        benchmark::RegisterBenchmark("Erase", BM_Erase)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
+        benchmark::RegisterBenchmark("Sql", BM_Sql)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
     }
     benchmark::Initialize(&argc, argv);
-    MedianReporter reporter;
+    Rounds reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\nmedian processor time in ms, last meeting %d cut to %d\n%-8s %10s %10s %8s\n", Held, CutTo, "people",
                 "erase", "sql", "ratio");
     for (int n : Sizes) {
-        double e = reporter.Get("Erase/" + std::to_string(n)), s = reporter.Get("Sql/" + std::to_string(n));
+        double e = reporter.Cpu("Erase/" + std::to_string(n)), s = reporter.Cpu("Sql/" + std::to_string(n));
         std::printf("%-8d %10.3f %10.3f %8.2f\n", n, e, s, s > 0 ? e / s : 0);
     }
-    double e1 = reporter.Get("Erase/1000"), e9 = reporter.Get("Erase/9999");
+    double e1 = reporter.Cpu("Erase/1000"), e9 = reporter.Cpu("Erase/9999");
     std::printf("erase 9999/1000: %.1f (linear gives 10.0, n log n %.1f)\n", e1 > 0 ? e9 / e1 : 0, 9.999 * 1.333);
     benchmark::Shutdown();
     return 0;

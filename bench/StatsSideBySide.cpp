@@ -18,6 +18,7 @@
 #include "store/Records.h"
 #include "store/SortIndex.h"
 #include "GeneratedCrusades.h"
+#include "Rounds.h"
 #include "support/QuietHost.h"
 
 namespace fs = std::filesystem;
@@ -217,22 +218,6 @@ void BM_Sql(benchmark::State& state) {
     sqlite3_close(db);
 }
 
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    // Processor time: on a shared machine the wall clock measures the neighbours too.
-    std::map<std::string, double> medians;   // name -> ms
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.aggregate_name == "median")
-                medians[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Get(const std::string& name) const {
-        auto it = medians.find(name);
-        return it == medians.end() ? 0 : it->second;
-    }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -240,16 +225,15 @@ int main(int argc, char** argv) {
         {"Count", BM_Count}, {"CountFromFile", BM_CountFromFile}, {"Sql", BM_Sql}};
     for (const auto& [name, fn] : benches)
         for (int n : Sizes)
-            benchmark::RegisterBenchmark(name, fn)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7)
-                ->ReportAggregatesOnly(true);
+            benchmark::RegisterBenchmark(name, fn)->Arg(n)->Unit(benchmark::kMillisecond)->Repetitions(7);
     benchmark::Initialize(&argc, argv);
-    MedianReporter reporter;
+    Rounds reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\nmedian processor time in ms, both reports' figures\n%-8s %10s %12s %10s %10s %12s\n", "people",
                 "count", "count+file", "sql", "count/sql", "file/sql");
     for (int n : Sizes) {
         const std::string a = "/" + std::to_string(n);
-        const double c = reporter.Get("Count" + a), f = reporter.Get("CountFromFile" + a), s = reporter.Get("Sql" + a);
+        const double c = reporter.Cpu("Count" + a), f = reporter.Cpu("CountFromFile" + a), s = reporter.Cpu("Sql" + a);
         std::printf("%-8d %10.3f %12.3f %10.3f %10.2f %12.2f\n", n, c, f, s, s > 0 ? c / s : 0, s > 0 ? f / s : 0);
     }
     benchmark::Shutdown();
